@@ -1,0 +1,6 @@
+// What the catalogue keeps for loading icons.
+#pragma once
+
+struct HVIconState
+{
+};
