@@ -124,7 +124,8 @@ QStringList HVApp::excludedNameSubstrings()
     static QStringList substrings;
     QMutexLocker locker(&mutex);
     if (substrings.isEmpty()) {
-        const std::optional<QVariantList> array = ListFileStore::readArray(QStringLiteral(":/ExcludedNameSubstrings.plist"));
+        const std::optional<QVariantList> array =
+            ListFileStore::readArray(QStringLiteral(":/ExcludedNameSubstrings.plist"));
         for (const QVariant& element : array.value_or(QVariantList())) {
             if (element.metaType().id() == QMetaType::QString && !element.toString().isEmpty())
                 substrings.append(element.toString());

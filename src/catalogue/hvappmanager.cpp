@@ -9,7 +9,8 @@
 
 #include <QTimer>
 
-HVListChange::HVListChange(HVAppManager* manager, QStringList keys) : m_manager(manager), m_keys(std::move(keys))
+HVListChange::HVListChange(HVAppManager* manager, QStringList keys)
+    : m_manager(manager), m_keys(std::move(keys))
 {
     emit m_manager->willChange(m_keys);
 }
@@ -65,9 +66,11 @@ void HVAppManager::awakeFromNib()
 {
     HVKeyPathObserving::registerHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
     HVNotificationCenter* center = HVNotificationCenter::defaultCenter();
-    center->addButFirstRemoveObserver(this, "scanPathListDidChange", HVNotificationNames::ScanPathListChanged);
+    center->addButFirstRemoveObserver(this, "scanPathListDidChange",
+                                      HVNotificationNames::ScanPathListChanged);
     center->addButFirstRemoveObserver(this, "scanPathListDidChange", HVNotificationNames::AppIsMissing);
-    center->addButFirstRemoveObserver(this, "startSpotlightQuery", HVNotificationNames::ApplicationDidFinishLaunching);
+    center->addButFirstRemoveObserver(this, "startSpotlightQuery",
+                                      HVNotificationNames::ApplicationDidFinishLaunching);
     center->addButFirstRemoveObserver(this, "appIconChanged", HVNotificationNames::AppIconChanged);
     m_observing = true;
 }
@@ -126,9 +129,9 @@ HVAppArray HVAppManager::appArrayForGroup(int group) const
 
 int HVAppManager::groupForAppArray(const HVAppArray& array) const
 {
-    static const int order[] = {HVAppGroupRunning,   HVAppGroupAll,        HVAppGroupAll1D, HVAppGroupIncluded,
-                                HVAppGroupIncluded1D, HVAppGroupExcluded,  HVAppGroupExcluded1D,
-                                HVAppGroupMissing,   HVAppGroupUser,       HVAppGroupUser1D};
+    static const int order[] = {
+        HVAppGroupRunning,  HVAppGroupAll,        HVAppGroupAll1D,   HVAppGroupIncluded, HVAppGroupIncluded1D,
+        HVAppGroupExcluded, HVAppGroupExcluded1D, HVAppGroupMissing, HVAppGroupUser,     HVAppGroupUser1D};
     if (array.isNull())
         return HVAppGroupNone;
     for (int group : order) {

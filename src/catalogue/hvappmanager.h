@@ -5,14 +5,14 @@
 // The class is implemented in several files: lists (hvappmanager.cpp), files
 // (hvappmanager_files.cpp), rebuilding
 // (hvappmanager_rebuild.cpp), moves (hvappmanager_moves.cpp), ordering
-// (hvappmanager_sorting.cpp), running applications (hvappmanager_running.cpp), scanning (hvappmanager_scanning.cpp) and icons
-// (hvappmanager_icons.cpp).
+// (hvappmanager_sorting.cpp), running applications (hvappmanager_running.cpp), scanning
+// (hvappmanager_scanning.cpp) and icons (hvappmanager_icons.cpp).
 #pragma once
 
 #include "appactions.h"
 #include "desktopentryreader.h"
-#include "hvappgroup.h"
 #include "hvapparray.h"
+#include "hvappgroup.h"
 #include "listfilestore.h"
 
 #include "common/hvkeypathobservers.h"
@@ -135,7 +135,10 @@ public:
     void includeApp(const HVAppRef& app);
     void autoExcludeDockApps(bool dock, bool named);
     // Where automatic exclusion finds the desktop's kept (favourite) applications' entry paths.
-    void setKeptApplicationsSource(std::function<QStringList()> source) { m_keptApplications = std::move(source); }
+    void setKeptApplicationsSource(std::function<QStringList()> source)
+    {
+        m_keptApplications = std::move(source);
+    }
 
     // Documents.
     HVAppBunch allAppsThatCanAcceptURL(const QUrl& url) const;

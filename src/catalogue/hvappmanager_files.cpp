@@ -33,19 +33,23 @@ QStringList HVAppManager::localApplicationSupportFolders() const
 bool HVAppManager::writeAppArrays(const HVAppBunches& bunches, const QString& fileName, int domain)
 {
     const QStringList local = localApplicationSupportFolders();
-    const QString folder = domain == LocalDomain && !local.isEmpty() ? local.first() : userApplicationSupportFolder();
+    const QString folder =
+        domain == LocalDomain && !local.isEmpty() ? local.first() : userApplicationSupportFolder();
     return ListFileStore::writeArray(pathArraysFromAppArrays(bunches), folder + QLatin1Char('/') + fileName);
 }
 
 bool HVAppManager::writeAppArray(const HVAppBunch& apps, const QString& fileName, int domain)
 {
     const QStringList local = localApplicationSupportFolders();
-    const QString folder = domain == LocalDomain && !local.isEmpty() ? local.first() : userApplicationSupportFolder();
+    const QString folder =
+        domain == LocalDomain && !local.isEmpty() ? local.first() : userApplicationSupportFolder();
     const QStringList paths = pathsFromApps(apps);
-    return ListFileStore::writeArray(QVariantList(paths.begin(), paths.end()), folder + QLatin1Char('/') + fileName);
+    return ListFileStore::writeArray(QVariantList(paths.begin(), paths.end()),
+                                     folder + QLatin1Char('/') + fileName);
 }
 
-std::optional<QVariantList> HVAppManager::readPathArraysFromAppSupportFileNamed(const QString& fileName, int domain)
+std::optional<QVariantList> HVAppManager::readPathArraysFromAppSupportFileNamed(const QString& fileName,
+                                                                                int domain)
 {
     if (domain != LocalDomain)
         return ListFileStore::readArray(userApplicationSupportFolder() + QLatin1Char('/') + fileName);
@@ -74,7 +78,8 @@ void HVAppManager::readExcludedApps1DFromDisk()
     // The user's list united with every administrator's list; duplicates vanish.
     QStringList paths;
     for (int domain : {int(UserDomain), int(LocalDomain)}) {
-        const auto array = readPathArraysFromAppSupportFileNamed(HVListFileNames::ExcludedApplications, domain);
+        const auto array =
+            readPathArraysFromAppSupportFileNamed(HVListFileNames::ExcludedApplications, domain);
         if (!array)
             continue;
         if (isGroupedFile(*array)) {

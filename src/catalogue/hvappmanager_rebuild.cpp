@@ -102,8 +102,8 @@ void HVAppManager::rebuildDependentApps()
 
     // The included and excluded lists follow the bunches of all applications, in their order.
     {
-        HVListChange change(this, {HVAppListKeys::ExcludedApps, HVAppListKeys::IncludedApps,
-                                   HVAppListKeys::IncludedApps1D});
+        HVListChange change(
+            this, {HVAppListKeys::ExcludedApps, HVAppListKeys::IncludedApps, HVAppListKeys::IncludedApps1D});
         m_excludedApps.clear();
         m_includedApps.clear();
         m_includedApps1D.clear();
@@ -126,7 +126,8 @@ void HVAppManager::rebuildDependentApps()
 
 void HVAppManager::removeAppsFromAllArrays(const HVAppBunch& apps)
 {
-    if (!std::any_of(apps.begin(), apps.end(), [this](const HVAppRef& app) { return m_everythingSet.contains(app); }))
+    if (!std::any_of(apps.begin(), apps.end(),
+                     [this](const HVAppRef& app) { return m_everythingSet.contains(app); }))
         return;
     const QSet<HVAppRef> gone = setOf(apps);
     auto removeFrom = [&](HVAppBunches& bunches, HVAppBunch& flat, const QString& key, const QString& key1D) {

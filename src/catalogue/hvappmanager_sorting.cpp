@@ -10,9 +10,10 @@
 namespace {
 const QString SortOrderKey = QStringLiteral("groupContentsSortOrder");
 const QString SortRunningKey = QStringLiteral("sortRunningByLaunchOrder");
-const QStringList ColorSortKeys = {QStringLiteral("colorSortGrayThreshold"), QStringLiteral("colorSortWrapHue"),
-                                   QStringLiteral("colorSortMinSaturation"), QStringLiteral("colorSortMinLuminosity"),
-                                   QStringLiteral("colorSortGraysBySecondaryColor")};
+const QStringList ColorSortKeys = {
+    QStringLiteral("colorSortGrayThreshold"), QStringLiteral("colorSortWrapHue"),
+    QStringLiteral("colorSortMinSaturation"), QStringLiteral("colorSortMinLuminosity"),
+    QStringLiteral("colorSortGraysBySecondaryColor")};
 
 QString fileNameOf(const HVAppRef& app)
 {
@@ -68,8 +69,9 @@ void HVAppManager::sortArray(HVAppBunch& apps) const
         break;
     case SortByColor:
         // Ascending colour values; equal values keep their order.
-        std::stable_sort(apps.begin(), apps.end(),
-                         [](const HVAppRef& a, const HVAppRef& b) { return a->colorSortValue() < b->colorSortValue(); });
+        std::stable_sort(apps.begin(), apps.end(), [](const HVAppRef& a, const HVAppRef& b) {
+            return a->colorSortValue() < b->colorSortValue();
+        });
         break;
     default:
         sortByName(apps);

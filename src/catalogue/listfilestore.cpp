@@ -90,7 +90,8 @@ plist_t plistFromList(const QVariantList& array)
 {
     plist_t root = plist_new_array();
     for (const QVariant& element : array) {
-        if (element.metaType().id() == QMetaType::QVariantList || element.metaType().id() == QMetaType::QStringList) {
+        if (element.metaType().id() == QMetaType::QVariantList ||
+            element.metaType().id() == QMetaType::QStringList) {
             plist_t inner = plist_new_array();
             for (const QVariant& path : element.toList())
                 plist_array_append_item(inner, plist_new_string(path.toString().toUtf8().constData()));
@@ -161,7 +162,8 @@ bool ListFileStore::writeArray(const QVariantList& array, const QString& path)
     plist_to_xml(root, &xml, &length);
     plist_free(root);
     QSaveFile file(path);
-    bool ok = xml && file.open(QIODevice::WriteOnly) && file.write(xml, length) == qint64(length) && file.commit();
+    bool ok =
+        xml && file.open(QIODevice::WriteOnly) && file.write(xml, length) == qint64(length) && file.commit();
     if (!ok)
         qWarning("List file %s cannot be written: %s", qPrintable(path), qPrintable(file.errorString()));
     std::free(xml);

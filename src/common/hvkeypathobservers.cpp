@@ -33,8 +33,8 @@ public:
 
 Registrations* registrationsOf(QObject* observer, bool create)
 {
-    auto* registrations = observer->findChild<Registrations*>(QStringLiteral("HVKeyPathObservers"),
-                                                               Qt::FindDirectChildrenOnly);
+    auto* registrations =
+        observer->findChild<Registrations*>(QStringLiteral("HVKeyPathObservers"), Qt::FindDirectChildrenOnly);
     if (!registrations && create) {
         registrations = new Registrations(observer);
         registrations->setObjectName(QStringLiteral("HVKeyPathObservers"));
@@ -42,7 +42,8 @@ Registrations* registrationsOf(QObject* observer, bool create)
     return registrations;
 }
 
-QVariantMap changeDictionary(const HVKeyPathObserver& entry, const QVariant& oldValue, const QVariant& newValue)
+QVariantMap changeDictionary(const HVKeyPathObserver& entry, const QVariant& oldValue,
+                             const QVariant& newValue)
 {
     QVariantMap change{{HVKeyValueChange::KindKey, 1}};
     if (entry.options & HVKeyPathObserver::New)
@@ -81,8 +82,8 @@ void registerHalvornKeyPathObservers(QObject* observer, const HVKeyPathObserverT
                              [observer, table, entry](const QString& key, const QVariant& oldValue,
                                                       const QVariant& newValue) {
                                  if (key == entry.keyPath)
-                                     dispatchFromHalvornKeyPathObservers(observer, table, key,
-                                                                         changeDictionary(entry, oldValue, newValue));
+                                     dispatchFromHalvornKeyPathObservers(
+                                         observer, table, key, changeDictionary(entry, oldValue, newValue));
                              }));
     }
 }

@@ -18,8 +18,8 @@ struct HVKeyPathObserver
     enum Option { New = 1, Old = 2 };
 
     QString keyPath;
-    QVariant defaultValue;          // invalid: the entry registers no default
-    QByteArray selector;            // e.g. "observe_groupContentsSortOrder"; empty: default only
+    QVariant defaultValue;            // invalid: the entry registers no default
+    QByteArray selector;              // e.g. "observe_groupContentsSortOrder"; empty: default only
     HVUserDefaults* object = nullptr; // the observed defaults; null means the standard defaults
     int options = New | Old;
 };

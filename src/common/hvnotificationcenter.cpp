@@ -32,17 +32,19 @@ void HVNotificationCenter::addObserver(QObject* observer, const char* method, co
         return;
     // The method takes the notification, or nothing at all.
     const QMetaObject* meta = observer->metaObject();
-    const QByteArray withNotification = QMetaObject::normalizedSignature(QByteArray(method) + "(HVNotification)");
+    const QByteArray withNotification =
+        QMetaObject::normalizedSignature(QByteArray(method) + "(HVNotification)");
     const bool takesNotification = meta->indexOfMethod(withNotification) >= 0;
     if (!takesNotification && meta->indexOfMethod(QByteArray(method) + "()") < 0) {
-        qWarning("Notification observer %s has no method %s", meta->className(), withNotification.constData());
+        qWarning("Notification observer %s has no method %s", meta->className(),
+                 withNotification.constData());
         return;
     }
     m_observers.append({observer, QByteArray(method), name, object, takesNotification});
 }
 
-void HVNotificationCenter::addButFirstRemoveObserver(QObject* observer, const char* method, const QString& name,
-                                                     const QVariant& object)
+void HVNotificationCenter::addButFirstRemoveObserver(QObject* observer, const char* method,
+                                                     const QString& name, const QVariant& object)
 {
     m_observers.removeIf([&](const Registration& r) {
         return r.observer == observer && r.method == method && r.name == name && r.object == object;
@@ -53,8 +55,8 @@ void HVNotificationCenter::addButFirstRemoveObserver(QObject* observer, const ch
 void HVNotificationCenter::removeObserver(QObject* observer, const QString& name, const QVariant& object)
 {
     m_observers.removeIf([&](const Registration& r) {
-        return !r.observer ||
-               (r.observer == observer && (name.isEmpty() || r.name == name) && objectMatches(object, r.object));
+        return !r.observer || (r.observer == observer && (name.isEmpty() || r.name == name) &&
+                               objectMatches(object, r.object));
     });
 }
 

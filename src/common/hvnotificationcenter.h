@@ -29,7 +29,8 @@ public:
                                    const QVariant& object = QVariant());
     // Removes the observer's registrations for `name` (all names when empty) and `object`
     // (all objects when null). Destroyed observers are removed automatically.
-    void removeObserver(QObject* observer, const QString& name = QString(), const QVariant& object = QVariant());
+    void removeObserver(QObject* observer, const QString& name = QString(),
+                        const QVariant& object = QVariant());
 
     void postNotification(const HVNotification& notification);
     void postNotificationName(const QString& name, const QVariant& object = QVariant(),

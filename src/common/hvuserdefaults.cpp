@@ -44,14 +44,16 @@ bool numberFromString(const QVariant& value, double* number)
 }
 } // namespace
 
-HVUserDefaults::HVUserDefaults(const QString& filePath, QObject* parent) : QObject(parent), m_filePath(filePath)
+HVUserDefaults::HVUserDefaults(const QString& filePath, QObject* parent)
+    : QObject(parent), m_filePath(filePath)
 {
     QDir().mkpath(QFileInfo(filePath).absolutePath());
     m_settings = std::make_unique<QSettings>(filePath, SettingsJsonFormat::format());
     if (m_settings->status() == QSettings::FormatError) {
         // Keep the user's unreadable file for them instead of overwriting it with our next write.
-        const QString aside = filePath + QStringLiteral(".corrupt-") +
-                              QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss'Z'"));
+        const QString aside =
+            filePath + QStringLiteral(".corrupt-") +
+            QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss'Z'"));
         m_settings.reset();
         if (QFile::rename(filePath, aside))
             qWarning("Preferences file %s cannot be read; kept it as %s and started from the defaults",
@@ -138,7 +140,8 @@ double HVUserDefaults::doubleForKey(const QString& key) const
 QString HVUserDefaults::stringForKey(const QString& key) const
 {
     const QVariant value = objectForKey(key);
-    if (value.metaType().id() == QMetaType::QString || (isNumber(value) && value.metaType().id() != QMetaType::Bool))
+    if (value.metaType().id() == QMetaType::QString ||
+        (isNumber(value) && value.metaType().id() != QMetaType::Bool))
         return value.toString();
     return QString();
 }
@@ -147,7 +150,8 @@ QVariantList HVUserDefaults::arrayForKey(const QString& key) const
 {
     const QVariant value = objectForKey(key);
     const int type = value.metaType().id();
-    return type == QMetaType::QVariantList || type == QMetaType::QStringList ? value.toList() : QVariantList();
+    return type == QMetaType::QVariantList || type == QMetaType::QStringList ? value.toList()
+                                                                             : QVariantList();
 }
 
 QStringList HVUserDefaults::stringArrayForKey(const QString& key) const

@@ -43,7 +43,8 @@ namespace SettingsJsonFormat {
 
 QSettings::Format format()
 {
-    static const QSettings::Format registered = QSettings::registerFormat(QStringLiteral("conf"), readJson, writeJson);
+    static const QSettings::Format registered =
+        QSettings::registerFormat(QStringLiteral("conf"), readJson, writeJson);
     return registered;
 }
 

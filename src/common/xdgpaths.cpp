@@ -33,7 +33,8 @@ QString cacheHome()
 QStringList dataDirs()
 {
     QStringList dirs;
-    const QStringList parts = qEnvironmentVariable("XDG_DATA_DIRS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    const QStringList parts =
+        qEnvironmentVariable("XDG_DATA_DIRS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
     for (const QString& part : parts) {
         if (QDir::isAbsolutePath(part))
             dirs.append(QDir::cleanPath(part));

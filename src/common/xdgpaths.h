@@ -6,9 +6,9 @@
 #include <QStringList>
 
 namespace XdgPaths {
-QString configHome(); // $XDG_CONFIG_HOME or ~/.config
-QString dataHome();   // $XDG_DATA_HOME or ~/.local/share
-QString cacheHome();  // $XDG_CACHE_HOME or ~/.cache
+QString configHome();   // $XDG_CONFIG_HOME or ~/.config
+QString dataHome();     // $XDG_DATA_HOME or ~/.local/share
+QString cacheHome();    // $XDG_CACHE_HOME or ~/.cache
 QStringList dataDirs(); // $XDG_DATA_DIRS or /usr/local/share:/usr/share
 
 // Replaces a leading home folder with "~" (and the reverse), as folder lists are stored.

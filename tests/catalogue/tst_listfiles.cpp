@@ -1,0 +1,133 @@
+// The list files on disk: round trips of all four, the flat order's migration, and files that
+// are corrupt or of the wrong shape (kept aside or ignored, never lost).
+#include "support/catalogueharness.h"
+
+#include "catalogue/listfilestore.h"
+
+#include <QDir>
+#include <QtTest>
+
+using Bunches = QList<QStringList>;
+
+class TestListFiles : public QObject
+{
+    Q_OBJECT
+
+    static QVariantList paths(const QStringList& list) { return QVariantList(list.begin(), list.end()); }
+
+    static QStringList corruptCopies(const QString& fileName)
+    {
+        return QDir(ListFileStore::userFolder()).entryList({fileName + ".corrupt-*"});
+    }
+
+private slots:
+    void everyFileRoundTrips()
+    {
+        CatalogueHarness h;
+        HVAppManager& m = h.manager();
+        const QList<QStringList> bunches{{"/a/Ä b.desktop", "/a/<&>.desktop"}, {}, {"/b/C.desktop"}};
+        HVAppBunches apps;
+        for (const QStringList& bunch : bunches)
+            apps.append(h.apps(bunch));
+        QVERIFY(m.writeAppArrays(apps, HVListFileNames::AllApplications));
+        QVERIFY(m.writeAppArrays(apps, HVListFileNames::UserApplications));
+        QVERIFY(
+            m.writeAppArray(h.apps({"/b/C.desktop", "/a/Ä b.desktop"}), HVListFileNames::UserApplications1D));
+        QVERIFY(m.writeAppArray(h.apps({"/x/X.desktop"}), HVListFileNames::ExcludedApplications));
+
+        CatalogueHarness::names(HVAppBunch()); // the harness's own folders stay in place
+        m.readAllAppsFromDisk();
+        m.readUserAppsFromDisk();
+        m.readExcludedApps1DFromDisk();
+        QCOMPARE(h.names(m.allApps()), (Bunches{{"Ä b", "<&>"}, {}, {"C"}}));
+        QCOMPARE(m.pathsFromApps(m.allApps1D()),
+                 (QStringList{"/a/Ä b.desktop", "/a/<&>.desktop", "/b/C.desktop"}));
+        QCOMPARE(h.names(m.userApps()), (Bunches{{"Ä b", "<&>"}, {}, {"C"}}));
+        QCOMPARE(h.names(m.userApps1D()), (QStringList{"C", "Ä b"}));
+        QCOMPARE(h.names(m.excludedApps1D()), QStringList{"X"});
+
+        // The files are XML property lists; an empty list is written as an empty array.
+        QVERIFY(m.writeAppArray(HVAppBunch(), HVListFileNames::UserApplications1D));
+        QFile file(ListFileStore::userFolder() + "/" + HVListFileNames::UserApplications1D);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray xml = file.readAll();
+        QVERIFY(xml.startsWith("<?xml"));
+        QVERIFY(xml.contains("<array/>") || xml.contains("<array></array>") ||
+                xml.contains("<array>\n</array>"));
+        // Writes leave no temporary files behind.
+        QCOMPARE(QDir(ListFileStore::userFolder()).entryList(QDir::Files).size(), 4);
+    }
+
+    void flatOrderIsDerivedOnceWhenMissingOrEmpty()
+    {
+        for (const bool emptyFile : {false, true}) {
+            CatalogueHarness h;
+            h.writeUserFile(
+                HVListFileNames::UserApplications,
+                {QVariant(paths({"/a/B.desktop", "/a/A.desktop"})), QVariant(paths({"/a/C.desktop"}))});
+            if (emptyFile)
+                h.writeUserFile(HVListFileNames::UserApplications1D, {});
+            h.manager().readUserAppsFromDisk();
+            QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"B", "A", "C"}));
+            // ... and saved with the next change.
+            h.manager().moveApp(h.app("/a/C.desktop"), HVAppGroupUser1D, 0, 0);
+            QCOMPARE(h.readUserFile(HVListFileNames::UserApplications1D),
+                     paths({"/a/C.desktop", "/a/B.desktop", "/a/A.desktop"}));
+        }
+    }
+
+    void corruptFilesAreKeptAsideAndNeverOverwritten()
+    {
+        CatalogueHarness h;
+        const QByteArray garbage = "<?xml version=\"1.0\"?><plist><array><string>/a/A.desktop</str";
+        h.env().writeFile("data/Nimbo/UserApplications.plist", garbage);
+        h.env().writeFile("data/Nimbo/AllApplications.plist", QByteArray("\0\1\2bplist00\xff", 12));
+        h.manager().readUserAppsFromDisk();
+        h.manager().readAllAppsFromDisk();
+        QVERIFY(h.manager().userApps().isEmpty());
+        QVERIFY(h.manager().allApps().isEmpty());
+        const QStringList aside = corruptCopies(HVListFileNames::UserApplications);
+        QCOMPARE(aside.size(), 1);
+        QVERIFY(aside.first().contains(QRegularExpression("\\.corrupt-\\d{8}T\\d{6}Z$")));
+        QCOMPARE(corruptCopies(HVListFileNames::AllApplications).size(), 1);
+        QFile kept(ListFileStore::userFolder() + "/" + aside.first());
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), garbage);
+
+        // A corrupt file that appears later is set aside before a write replaces it.
+        h.env().writeFile("data/Nimbo/ExcludedApplications.plist", "not a plist at all");
+        h.manager().excludeApp(h.app("/a/A.desktop"));
+        QCOMPARE(corruptCopies(HVListFileNames::ExcludedApplications).size(), 1);
+        QCOMPARE(h.readUserFile(HVListFileNames::ExcludedApplications), paths({"/a/A.desktop"}));
+    }
+
+    void filesOfTheWrongShapeAreIgnored()
+    {
+        CatalogueHarness h;
+        // Flat where bunches belong, bunches where a flat list belongs, and a dictionary.
+        h.writeUserFile(HVListFileNames::AllApplications, paths({"/a/A.desktop"}));
+        h.writeUserFile(HVListFileNames::ExcludedApplications, {QVariant(paths({"/a/A.desktop"}))});
+        h.env().writeFile("data/Nimbo/UserApplications.plist",
+                          "<?xml version=\"1.0\"?><plist "
+                          "version=\"1.0\"><dict><key>a</key><string>b</string></dict></plist>");
+        h.manager().readAllAppsFromDisk();
+        h.manager().readExcludedApps1DFromDisk();
+        h.manager().readUserAppsFromDisk();
+        QVERIFY(h.manager().allApps().isEmpty());
+        QVERIFY(h.manager().excludedApps1D().isEmpty());
+        QVERIFY(h.manager().userApps().isEmpty());
+        // Wrong shape is not corruption: nothing is renamed.
+        QVERIFY(corruptCopies(HVListFileNames::UserApplications).isEmpty());
+
+        // Stray non-path elements inside a good file are dropped, the rest kept.
+        h.env().writeFile(
+            "data/Nimbo/UserApplications.plist",
+            "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><array><string>/a/A.desktop</string>"
+            "<integer>3</integer></array><true/></array></plist>");
+        h.manager().readUserAppsFromDisk();
+        QCOMPARE(h.names(h.manager().userApps()), Bunches{{"A"}});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestListFiles)
+#include "tst_listfiles.moc"

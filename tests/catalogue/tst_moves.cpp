@@ -1,0 +1,135 @@
+// Moving favourites within and between bunches and in the flat list: index shifts, emptied
+// bunches, new favourites, and both files written after every move that changes something.
+#include "support/catalogueharness.h"
+
+#include "catalogue/listfilestore.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using Bunches = QList<QStringList>;
+
+class TestMoves : public QObject
+{
+    Q_OBJECT
+
+    static QString path(const QString& name) { return "/apps/" + name + ".desktop"; }
+
+    static QVariantList pathList(const QStringList& names)
+    {
+        QVariantList paths;
+        for (const QString& name : names)
+            paths.append(path(name));
+        return paths;
+    }
+
+    void arrange(CatalogueHarness& h, const Bunches& bunches, const QStringList& flat)
+    {
+        QVariantList arrays;
+        for (const QStringList& bunch : bunches)
+            arrays.append(QVariant(pathList(bunch)));
+        h.writeUserFile(HVListFileNames::UserApplications, arrays);
+        h.writeUserFile(HVListFileNames::UserApplications1D, pathList(flat));
+        h.manager().readUserAppsFromDisk();
+    }
+
+    Bunches bunchesOnDisk(CatalogueHarness& h)
+    {
+        Bunches bunches;
+        for (const QVariant& bunch : h.readUserFile(HVListFileNames::UserApplications)) {
+            QStringList names;
+            for (const QString& p : bunch.toStringList())
+                names.append(p.section('/', -1).section('.', 0, 0));
+            bunches.append(names);
+        }
+        return bunches;
+    }
+
+private slots:
+    void movesWithinABunchAccountForTheRemoval()
+    {
+        CatalogueHarness h;
+        arrange(h, {{"A", "B", "C", "D", "E", "F"}}, {"A", "B", "C", "D", "E", "F"});
+        // Dragged from position 2 to position 5, it ends at position 4.
+        h.manager().moveApp(h.app(path("C")), HVAppGroupUser, 0, 5);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"A", "B", "D", "E", "C", "F"}}));
+        // Moving backwards needs no adjustment; past the end clamps.
+        h.manager().moveApp(h.app(path("E")), HVAppGroupUser, 0, 0);
+        h.manager().moveApp(h.app(path("A")), HVAppGroupUser, 0, HVIndexPastEnd);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"E", "B", "D", "C", "F", "A"}}));
+        // The flat list keeps its own order through all of this.
+        QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"A", "B", "C", "D", "E", "F"}));
+        QCOMPARE(bunchesOnDisk(h), h.names(h.manager().userApps()));
+    }
+
+    void movingTheOnlyMemberOfABunchDeletesTheBunch()
+    {
+        CatalogueHarness h;
+        arrange(h, {{"A"}, {"B", "C"}, {"D"}}, {"A", "B", "C", "D"});
+        // Bunch 0 empties and goes; the target bunch 2 is now bunch 1.
+        h.manager().moveApp(h.app(path("A")), HVAppGroupUser, 2, 0);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"B", "C"}, {"A", "D"}}));
+        // To another place in its own bunch, a lone member keeps its bunch.
+        arrange(h, {{"A"}, {"B"}}, {"A", "B"});
+        h.manager().moveApp(h.app(path("A")), HVAppGroupUser, 0, 1);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"A"}, {"B"}}));
+        // A bunch number past the last bunch makes a new bunch at the end.
+        h.manager().moveApp(h.app(path("A")), HVAppGroupUser, 9, 0);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"B"}, {"A"}}));
+        QCOMPARE(bunchesOnDisk(h), (Bunches{{"B"}, {"A"}}));
+    }
+
+    void newFavouritesJoinBothLists()
+    {
+        CatalogueHarness h;
+        arrange(h, {{"A", "B"}}, {"A", "B"});
+        // Into the flat list at 0: first there, and alone in a new bunch at the end.
+        h.manager().moveApp(h.app(path("N")), HVAppGroupUser1D, 0, 0);
+        QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"N", "A", "B"}));
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"A", "B"}, {"N"}}));
+        // Into a bunch: the flat list gets it at its end.
+        h.manager().moveApp(h.app(path("M")), HVAppGroupUser, 0, 1);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"A", "M", "B"}, {"N"}}));
+        QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"N", "A", "B", "M"}));
+        // Flat moves shift like bunch moves and leave the bunches alone.
+        h.manager().moveApp(h.app(path("N")), HVAppGroupUser1D, 0, 3);
+        QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"A", "B", "N", "M"}));
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"A", "M", "B"}, {"N"}}));
+    }
+
+    void newBunchMoves()
+    {
+        CatalogueHarness h;
+        arrange(h, {{"A"}, {"B", "C"}, {"D"}}, {"A", "B", "C", "D"});
+        // Out of an emptied bunch before the target: the target shifts down.
+        h.manager().moveAppToNewBunch(h.app(path("A")), HVAppGroupUser, 2);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"B", "C"}, {"A"}, {"D"}}));
+        h.manager().moveAppToNewBunch(h.app(path("C")), HVAppGroupUser, 0);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"C"}, {"B"}, {"A"}, {"D"}}));
+        h.manager().moveAppToNewBunch(h.app(path("E")), HVAppGroupUser, 99);
+        QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"C"}, {"B"}, {"A"}, {"D"}, {"E"}}));
+        QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"A", "B", "C", "D", "E"}));
+        // Only the arranged list takes new bunches.
+        h.manager().moveAppToNewBunch(h.app(path("F")), HVAppGroupUser1D, 0);
+        QCOMPARE(h.manager().userApps().size(), 5);
+    }
+
+    void movesThatChangeNothingAnnounceAndWriteNothing()
+    {
+        CatalogueHarness h;
+        arrange(h, {{"A", "B"}}, {"A", "B"});
+        QSignalSpy spy(&h.manager(), &HVAppManager::didChange);
+        h.manager().moveApp(h.app(path("B")), HVAppGroupUser, 0, 1);
+        h.manager().moveApp(h.app(path("A")), HVAppGroupUser1D, 0, 0);
+        h.manager().moveApp(h.app(path("A")), HVAppGroupIncluded, 0, 1);
+        h.manager().moveApp(nullptr, HVAppGroupUser, 0, 1);
+        QCOMPARE(spy.count(), 0);
+
+        h.manager().moveApp(h.app(path("A")), HVAppGroupUser, 0, 2);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.first().first().toStringList(), (QStringList{"userApps", "userApps1D"}));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMoves)
+#include "tst_moves.moc"

@@ -1,0 +1,84 @@
+// Delivery, de-duplicated registration, object filtering and the coalescing idle queue.
+#include "common/hvnotificationcenter.h"
+#include "common/notificationnames.h"
+
+#include <QtTest>
+
+class Receiver : public QObject
+{
+    Q_OBJECT
+public:
+    QList<HVNotification> received;
+    int bare = 0;
+    Q_INVOKABLE void take(const HVNotification& notification) { received.append(notification); }
+    Q_INVOKABLE void poke() { ++bare; }
+};
+
+class TestNotificationCenter : public QObject
+{
+    Q_OBJECT
+private slots:
+    void registeringTwiceDeliversOnceOnlyWithRemoveFirst()
+    {
+        HVNotificationCenter center;
+        Receiver receiver;
+        center.addButFirstRemoveObserver(&receiver, "take", HVNotificationNames::AppIconChanged);
+        center.addButFirstRemoveObserver(&receiver, "take", HVNotificationNames::AppIconChanged);
+        center.postNotificationName(HVNotificationNames::AppIconChanged, 5, {{"step", 1}});
+        QCOMPARE(receiver.received.size(), 1);
+        QCOMPARE(receiver.received.first().object.toInt(), 5);
+        QCOMPARE(receiver.received.first().userInfo.value("step").toInt(), 1);
+
+        center.addObserver(&receiver, "take", HVNotificationNames::AppIconChanged);
+        center.postNotificationName(HVNotificationNames::AppIconChanged);
+        QCOMPARE(receiver.received.size(), 3);
+    }
+
+    void objectsNamesAndRemovalFilterDelivery()
+    {
+        HVNotificationCenter center;
+        Receiver receiver;
+        center.addObserver(&receiver, "take", HVNotificationNames::AppIsMissing, QStringLiteral("this one"));
+        center.addObserver(&receiver, "poke", HVNotificationNames::ScanPathListChanged);
+        center.postNotificationName(HVNotificationNames::AppIsMissing, QStringLiteral("another"));
+        center.postNotificationName(HVNotificationNames::AppIsMissing, QStringLiteral("this one"));
+        center.postNotificationName(HVNotificationNames::ScanPathListChanged);
+        QCOMPARE(receiver.received.size(), 1);
+        QCOMPARE(receiver.bare, 1);
+
+        center.removeObserver(&receiver, HVNotificationNames::ScanPathListChanged);
+        center.postNotificationName(HVNotificationNames::ScanPathListChanged);
+        center.postNotificationName(HVNotificationNames::AppIsMissing, QStringLiteral("this one"));
+        QCOMPARE(receiver.bare, 1);
+        QCOMPARE(receiver.received.size(), 2);
+
+        // A destroyed observer is forgotten, not called.
+        auto* gone = new Receiver;
+        center.addObserver(gone, "poke", HVNotificationNames::ScanPathListChanged);
+        delete gone;
+        center.postNotificationName(HVNotificationNames::ScanPathListChanged);
+        QCOMPARE(center.observerCount(), 1);
+
+        // A method the observer lacks is refused rather than failing at every post.
+        center.addObserver(&receiver, "nonexistent", HVNotificationNames::ScanPathListChanged);
+        QCOMPARE(center.observerCount(), 1);
+    }
+
+    void coalescedNotificationIsPostedOncePerIdleMoment()
+    {
+        HVNotificationCenter center;
+        Receiver receiver;
+        center.addObserver(&receiver, "poke", HVNotificationNames::ScanPathListChanged);
+        for (int i = 0; i < 50; ++i)
+            center.enqueueCoalescedNotificationName(HVNotificationNames::ScanPathListChanged);
+        QCOMPARE(receiver.bare, 0); // not before the event loop is idle
+        QTRY_COMPARE(receiver.bare, 1);
+        QTest::qWait(50);
+        QCOMPARE(receiver.bare, 1);
+        center.enqueueCoalescedNotificationName(HVNotificationNames::ScanPathListChanged);
+        QTRY_COMPARE(receiver.bare, 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestNotificationCenter)
+#include "tst_notificationcenter.moc"
