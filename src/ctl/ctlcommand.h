@@ -18,7 +18,7 @@ public:
     static const QList<CtlCommand>& all();
 };
 
-#define NIMBOCTL_COMMAND(name, usage, function)                                                             \
-    namespace {                                                                                             \
-    const bool registered_##function = CtlCommands::add({name, usage, function});                          \
+#define NIMBOCTL_COMMAND(name, usage, function)                                                              \
+    namespace {                                                                                              \
+    const bool registered_##function = CtlCommands::add({name, usage, function});                            \
     }
