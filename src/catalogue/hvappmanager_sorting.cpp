@@ -26,17 +26,53 @@ float floatOf(const QVariantMap& change)
     return value.metaType().id() == QMetaType::Bool ? (value.toBool() ? 1.0f : 0.0f) : value.toFloat();
 }
 
+// Sorts by keys computed once per record rather than at every comparison.
+template<typename Key, typename MakeKey>
+void sortByKey(HVAppBunch& apps, MakeKey makeKey)
+{
+    std::vector<std::pair<Key, HVAppRef>> keyed;
+    keyed.reserve(apps.size());
+    for (const HVAppRef& app : std::as_const(apps))
+        keyed.emplace_back(makeKey(app), app);
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    for (qsizetype i = 0; i < apps.size(); ++i)
+        apps[i] = std::move(keyed[i].second);
+}
+
+struct NameKey
+{
+    std::optional<QCollatorSortKey> name; // the language's collation
+    QString foldedName;                   // the C locale's: case-folded code units
+    QString fileName;
+    bool operator<(const NameKey& other) const
+    {
+        const int byName = name ? name->compare(*other.name) : foldedName.compare(other.foldedName);
+        return byName != 0 ? byName < 0 : fileName < other.fileName;
+    }
+};
+
 void sortByName(HVAppBunch& apps)
 {
     // Display names in the user's language, case-insensitively; equal names by file name.
+    // The C locale's collator ignores case only when comparing, not in its sort keys.
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::stable_sort(apps.begin(), apps.end(), [&collator](const HVAppRef& a, const HVAppRef& b) {
-        const int byName = collator.compare(a->name(), b->name());
-        if (byName != 0)
-            return byName < 0;
-        return QString::compare(fileNameOf(a), fileNameOf(b), Qt::CaseInsensitive) < 0;
+    const bool plain = collator.locale().language() == QLocale::C;
+    sortByKey<NameKey>(apps, [&collator, plain](const HVAppRef& app) {
+        const QString name = app->name();
+        NameKey key{std::nullopt, QString(), fileNameOf(app).toCaseFolded()};
+        if (plain)
+            key.foldedName = name.toCaseFolded();
+        else
+            key.name = collator.sortKey(name);
+        return key;
     });
+}
+
+void sortByPath(HVAppBunch& apps)
+{
+    sortByKey<QString>(apps, [](const HVAppRef& app) { return app->path().toCaseFolded(); });
 }
 } // namespace
 
@@ -63,9 +99,7 @@ void HVAppManager::sortArray(HVAppBunch& apps) const
         return;
     switch (sortOrder()) {
     case SortByPath:
-        std::stable_sort(apps.begin(), apps.end(), [](const HVAppRef& a, const HVAppRef& b) {
-            return QString::compare(a->path(), b->path(), Qt::CaseInsensitive) < 0;
-        });
+        sortByPath(apps);
         break;
     case SortByColor:
         // Ascending colour values; equal values keep their order.

@@ -14,8 +14,11 @@ class NamedEntries : public DesktopEntryReader
 public:
     QString localisedName(const QString& path) const override
     {
-        static const QHash<QString, QString> names{
-            {"z.desktop", "alpha"}, {"y.desktop", "Beta"}, {"x.desktop", "Écran"}, {"w.desktop", "Beta"}};
+        static const QHash<QString, QString> names{{"z.desktop", "alpha"},
+                                                   {"y.desktop", "Beta"},
+                                                   {"x.desktop", "Écran"},
+                                                   {"w.desktop", "Beta"},
+                                                   {"v.desktop", "Fichiers"}};
         return names.value(path.section('/', -1));
     }
 };
@@ -28,8 +31,6 @@ class TestOrdering : public QObject
     static QStringList paths(const HVAppBunch& apps) { return HVAppManager::pathsFromApps(apps); }
 
 private slots:
-    void initTestCase() { qputenv("LC_ALL", "en_US.UTF-8"); }
-
     void threeOrders()
     {
         TestEnvironment env;
@@ -42,8 +43,18 @@ private slots:
         m.sortArray(apps);
         QCOMPARE(paths(apps), (QStringList{"/A/w.desktop", "/a/x.desktop", "/B/y.desktop", "/c/z.desktop"}));
 
-        // By display name, case- and accent-aware; equal names by file name.
+        // By display name, ignoring case; equal names by file name. In English "Écran" sorts
+        // with the e's; in the C locale after every ASCII letter.
         defaults.setInteger(1, "groupContentsSortOrder");
+        HVAppBunch withF = apps + m.appsFromPaths({"/v.desktop"});
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        m.sortArray(withF);
+        QCOMPARE(paths(withF),
+                 (QStringList{"/c/z.desktop", "/A/w.desktop", "/B/y.desktop", "/a/x.desktop", "/v.desktop"}));
+        QLocale::setDefault(QLocale::c());
+        m.sortArray(withF);
+        QCOMPARE(paths(withF),
+                 (QStringList{"/c/z.desktop", "/A/w.desktop", "/B/y.desktop", "/v.desktop", "/a/x.desktop"}));
         m.sortArray(apps);
         QCOMPARE(paths(apps), (QStringList{"/c/z.desktop", "/A/w.desktop", "/B/y.desktop", "/a/x.desktop"}));
 
