@@ -11,4 +11,13 @@ public:
 
     // The entry's Name in the current locale; empty when the entry cannot be read.
     virtual QString localisedName(const QString& path) const = 0;
+
+    // Whether the entry file is an application that should show on this desktop (not hidden,
+    // not NoDisplay, meant for this desktop, its program present). The scan only asks about
+    // regular files of a bounded size. Without a platform to ask, every entry shows.
+    virtual bool showsApplication(const QString& path) const
+    {
+        Q_UNUSED(path);
+        return true;
+    }
 };

@@ -182,6 +182,17 @@ public:
     Q_INVOKABLE void observe_maxFolderRecursionDepth(const QVariantMap& change);
     Q_INVOKABLE void observe_searchDirectories(const QVariantMap& change);
     Q_INVOKABLE void observe_scanDirectories(const QVariantMap& change);
+    QStringList pathsFromPrefs() const;
+    QStringList uniquedPathsToScan() const;
+    QStringList pathsToScan() const;
+    void scanAppsUnderPath(const QString& folder, HVAppBunch& apps, class HVNode* node);
+    void showProgressStep(int step, int count, const QString& label);
+    void startFullScanTimer();
+    Q_INVOKABLE void fullScanTimerFire();
+    bool hasPendingFullScan() const;
+    QStringList spotlightScanPaths();
+    void spotlightQueryDidUpdate(const QList<struct HVEntryChange>& changes);
+    QStringList spotlightWatchedFolders() const;
 
     // Icons (hvappmanager_icons.cpp).
     void loadIconsForApps(const HVAppBunch& apps);

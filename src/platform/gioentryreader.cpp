@@ -1,8 +1,10 @@
+// GIO's headers name a field "signals", which Qt defines as a keyword: they come first.
+#include <gio/gdesktopappinfo.h>
+#include <glib.h>
+
 #include "gioentryreader.h"
 
 #include <QFile>
-
-#include <glib.h>
 
 QString GioEntryReader::localisedName(const QString& path) const
 {
@@ -18,4 +20,14 @@ QString GioEntryReader::localisedName(const QString& path) const
     }
     g_key_file_free(keyFile);
     return name;
+}
+
+bool GioEntryReader::showsApplication(const QString& path) const
+{
+    GDesktopAppInfo* info = g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData());
+    if (!info)
+        return false;
+    const bool shows = !g_desktop_app_info_get_is_hidden(info) && g_app_info_should_show(G_APP_INFO(info));
+    g_object_unref(info);
+    return shows;
 }
