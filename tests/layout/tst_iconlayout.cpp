@@ -1,0 +1,231 @@
+// The icon grid's shapes, sizes, cell order, strips and hit testing, pinned to hand-worked numbers.
+#include "browser/layout/groupshown.h"
+#include "browser/layout/hviconlayout.h"
+
+#include <QtTest>
+
+namespace {
+HVIconLayoutPreferences prefs(int orientation = 2, int readingOrder = 1, int spacing = 0,
+                              bool minimize = false)
+{
+    HVIconLayoutPreferences p;
+    p.groupOrientation = orientation;
+    p.iconReadingOrder = readingOrder;
+    p.iconSpacing = spacing;
+    p.minimizeEmptyCells = minimize;
+    return p;
+}
+
+// Bunches of 3 and 5 apps side by side on a 1200 x 800 panel: 3 rows, 3 columns.
+HVIconLayout threeAndFive(const HVIconLayoutPreferences& p = prefs())
+{
+    return HVIconLayout::forGroup(1, false, {3, 5}, p, QSizeF(1200, 800));
+}
+
+QList<quint64> indexes(const HVIconLayout& layout, int row)
+{
+    QList<quint64> result;
+    for (int col = 0; col < layout.colCount(); ++col) {
+        const appInfo& cell = layout.lookupTable().at(row, col);
+        result.append(cell.filled ? cell.index : 99);
+    }
+    return result;
+}
+} // namespace
+
+class TestIconLayout : public QObject
+{
+    Q_OBJECT
+private slots:
+    void flatListTakesTheShapeClosestToTheAspect()
+    {
+        // Ten apps on a square area: 1, 2 and 3 rows are all too wide (10, 2.5, 1.33), 4 rows give
+        // 3 columns (0.75); 0.75 lies closer to 1 than 1.33 does, so 4 x 3 stays.
+        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(524, 524));
+        QCOMPARE(layout.rowCount(), 4);
+        QCOMPARE(layout.colCount(), 3);
+        QCOMPARE(layout.bunchCount(), 1);
+        QCOMPARE(layout.viewSize(), QSizeF(228, 296));
+        QCOMPARE(indexes(layout, 3), (QList<quint64>{9, 99, 99}));
+        // Twice as wide as tall: 3 rows (1.33) stop the search, but 2 rows (2.5) lay closer to 2.
+        const HVIconLayout wide = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(424, 224));
+        QCOMPARE(wide.rowCount(), 2);
+        QCOMPARE(wide.colCount(), 5);
+        const HVIconLayout downward = HVIconLayout::forGroup(2, false, {10}, prefs(2, 2), QSizeF(524, 524));
+        QCOMPARE(indexes(downward, 1), (QList<quint64>{1, 5, 9}));
+        QCOMPARE(indexes(downward, 2), (QList<quint64>{2, 6, 99}));
+    }
+
+    void runningAppsMakeAStripAsLongAsTheWidthAllows()
+    {
+        QCOMPARE(HVIconLayout::forGroup(0, false, {10}, prefs(), QSizeF(1200, 800)).rowCount(), 1);
+        const HVIconLayout twenty = HVIconLayout::forGroup(0, false, {20}, prefs(), QSizeF(1200, 800));
+        QCOMPARE(twenty.rowCount(), 2);
+        QCOMPARE(twenty.colCount(), 10);
+        // 276 points across: 10, 5 columns of 68 overflow, 4 fit.
+        const HVIconLayout narrow = HVIconLayout::forGroup(0, false, {10}, prefs(), QSizeF(300, 800));
+        QCOMPARE(narrow.rowCount(), 3);
+        QCOMPARE(narrow.colCount(), 4);
+    }
+
+    void iconsShrinkOnePointAtATimeUntilTheGridFits()
+    {
+        // 4 rows of cells plus margins within 200 points: cells of 44, icons of 40.
+        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(200, 200));
+        QCOMPARE(layout.iconWidth(), 40);
+        QCOMPARE(layout.cellWidth(), 44);
+        QCOMPARE(layout.viewSize(), QSizeF(156, 200));
+        // With 3 points between cells: 4 c + 24 + 9 <= 200 leaves c = 41.
+        const HVIconLayout spaced = HVIconLayout::forGroup(2, false, {10}, prefs(2, 1, 3), QSizeF(200, 200));
+        QCOMPARE(spaced.iconWidth(), 37);
+        QCOMPARE(spaced.viewSize(), QSizeF(153, 197));
+        QCOMPARE(spaced.rectOfCellForRow(3, 2), QRectF(100, 144, 41, 41));
+    }
+
+    void bunchesSideBySide()
+    {
+        const HVIconLayout layout = threeAndFive();
+        QCOMPARE(layout.rowCount(), 3);
+        QCOMPARE(layout.colCount(), 3);
+        QCOMPARE(layout.iconWidth(), 64);
+        QCOMPARE(layout.viewSize(), QSizeF(262, 228));
+        QCOMPARE(layout.rectOfCellForRow(0, 1), QRectF(114, 12, 68, 68));
+        QCOMPARE(layout.rectOfCellForRow(2, 0), QRectF(12, 148, 68, 68));
+        QCOMPARE(layout.bunchRects(), (QList<QRectF>{{12, 0, 68, 228}, {114, 0, 136, 228}}));
+        QCOMPARE(layout.bunchSpacingRects(),
+                 (QList<QRectF>{{0, 0, 12, 228}, {80, 0, 34, 228}, {250, 0, 12, 228}}));
+        QCOMPARE(layout.marginRects(),
+                 (QList<QRectF>{{0, 0, 262, 12}, {250, 0, 12, 228}, {0, 216, 262, 12}, {0, 0, 12, 228}}));
+        // Across then down within the bunch of five, which takes two columns.
+        QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 0, 1}));
+        QCOMPARE(indexes(layout, 2), (QList<quint64>{2, 4, 99}));
+        QCOMPARE(indexes(threeAndFive(prefs(2, 2)), 0), (QList<quint64>{0, 0, 3}));
+    }
+
+    void forcedRowsPutHalfACellBetweenBunches()
+    {
+        HVIconLayout layout = threeAndFive(prefs(2, 1, 4));
+        QVERIFY(layout.forceRowColCountForRows(2, 0));
+        QCOMPARE(layout.colCount(), 5); // 2 columns for three apps, 3 for five
+        QCOMPARE(layout.viewSize(), QSizeF(5 * 68 + 24 + 3 * 4 + 34, 2 * 68 + 24 + 4));
+        const QRectF lastOfFirst = layout.rectOfCellForRow(0, 1);
+        const QRectF firstOfSecond = layout.rectOfCellForRow(0, 2);
+        QCOMPARE(lastOfFirst.x(), 84.0);
+        QCOMPARE(firstOfSecond.x() - lastOfFirst.right(), 34.0);
+        QVERIFY(!layout.forceRowColCountForRows(0, 4)); // side by side: only rows can be forced
+    }
+
+    void bunchesStackedAndTheEmptyCellTradeOff()
+    {
+        const HVIconLayout layout = threeAndFive(prefs(1));
+        QCOMPARE(layout.rowCount(), 2);
+        QCOMPARE(layout.colCount(), 5);
+        QCOMPARE(layout.viewSize(), QSizeF(364, 194));
+        QCOMPARE(layout.rectOfCellForRow(0, 0), QRectF(12, 12, 68, 68));
+        QCOMPARE(layout.rectOfCellForRow(1, 4), QRectF(12 + 4 * 68, 114, 68, 68));
+        QCOMPARE(layout.bunchRects(), (QList<QRectF>{{0, 12, 364, 68}, {0, 114, 364, 68}}));
+        QCOMPARE(layout.bunchSpacingRects(),
+                 (QList<QRectF>{{0, 0, 364, 12}, {0, 80, 364, 34}, {0, 182, 364, 12}}));
+        QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 1, 2, 99, 99}));
+        // Keeping empty cells few goes on to 3 x 3 (one empty cell instead of two) even though
+        // that shape lies further from the panel's aspect.
+        const HVIconLayout fewerEmpty = threeAndFive(prefs(1, 1, 0, true));
+        QCOMPARE(fewerEmpty.rowCount(), 3);
+        QCOMPARE(fewerEmpty.colCount(), 3);
+        QCOMPARE(fewerEmpty.lookupTable().at(1, 0).bunch, quint64(1));
+        QCOMPARE(indexes(threeAndFive(prefs(1, 2, 0, true)), 1), (QList<quint64>{0, 2, 4}));
+    }
+
+    void optionKeyAndOrientationPickTheGroupShown()
+    {
+        using HVGroupShown::groupToShowConsideringModifiers;
+        QCOMPARE(groupToShowConsideringModifiers(1, true, 2), 5);
+        QCOMPARE(groupToShowConsideringModifiers(2, true, 2), 6);
+        QCOMPARE(groupToShowConsideringModifiers(1, true, 0), 6);
+        QCOMPARE(groupToShowConsideringModifiers(8, false, 0), 9);
+        QCOMPARE(groupToShowConsideringModifiers(3, true, 0), 4);
+        QCOMPARE(groupToShowConsideringModifiers(3, true, 1), 3);
+        QCOMPARE(groupToShowConsideringModifiers(0, true, 0), 0);
+        // A flat group shows the bunches' apps as one run.
+        const HVIconLayout shown = HVIconLayout::forGroup(1, false, {3, 5}, prefs(0), QSizeF(1200, 800));
+        QCOMPARE(shown.groupShown(), 2);
+        QCOMPARE(shown.bunchCount(), 1);
+        QCOMPARE(shown.bunchSizes(), QList<int>{8});
+    }
+
+    void preferencesAreClampedToTheirRanges()
+    {
+        HVIconLayoutPreferences p;
+        p.maximumIconSize = 200;
+        p.iconPadding = 0;
+        p.iconSpacing = -3;
+        p.groupOrientation = 7;
+        QCOMPARE(p.clamped().maximumIconSize, 128);
+        QCOMPARE(p.clamped().iconPadding, 2);
+        QCOMPARE(p.clamped().iconSpacing, 0);
+        QCOMPARE(p.clamped().groupOrientation, 2);
+        p.iconPadding = 20;
+        p.iconSpacing = 12;
+        QCOMPARE(p.clamped().iconPadding, 8);
+        QCOMPARE(p.clamped().iconSpacing, 8);
+    }
+
+    void pointsMapToCellsGapsAndMargins()
+    {
+        const HVIconLayout layout = threeAndFive();
+        const auto hit = [&](double x, double y) { return layout.coordsOfPoint(QPointF(x, y)); };
+        // Top and left edges belong to a cell, bottom and right ones to the next.
+        QCOMPARE(hit(12, 12).row, quint64(0));
+        QCOMPARE(hit(79.9, 79.9).col, quint64(0));
+        QCOMPARE(hit(12, 80).row, quint64(1));
+        QCOMPARE(hit(80, 12).spacer, quint64(1));
+        QVERIFY(!hit(80, 12).hasCell());
+        const Coords emptyCell = hit(200, 160);
+        QCOMPARE(emptyCell.row, quint64(2));
+        QCOMPARE(emptyCell.col, quint64(2));
+        QCOMPARE(emptyCell.bunch, quint64(1));
+        QVERIFY(!layout.lookupTable().at(2, 2).filled);
+        // Above a bunch: the bunch and the top margin, for the margin mark.
+        const Coords above = hit(50, 5);
+        QCOMPARE(above.bunch, quint64(0));
+        QCOMPARE(above.margin, quint64(0));
+        QVERIFY(!above.hasCell());
+        QCOMPARE(hit(5, 5).margin, quint64(0)); // the corner reads as the top margin first
+        QCOMPARE(hit(5, 100).margin, quint64(3));
+        QCOMPARE(hit(5, 100).spacer, quint64(0));
+        QCOMPARE(hit(255, 100).spacer, quint64(2));
+        QVERIFY(hit(262, 100).isEmpty());
+        QVERIFY(hit(-0.5, 100).isEmpty());
+        // A flat list is one bunch: its margins still report the bunch.
+        const HVIconLayout flat = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(524, 524));
+        QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)).bunch, quint64(0));
+        QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)).margin, quint64(2));
+        QCOMPARE(flat.bunchSpacingRects(), (QList<QRectF>{QRectF(), QRectF()}));
+    }
+
+    void appsAndCoordsLeadBackToCells()
+    {
+        const HVIconLayout layout = threeAndFive();
+        const Coords coords = layout.coordsOfApp(1, 4);
+        QCOMPARE(coords.row, quint64(2));
+        QCOMPARE(coords.col, quint64(1));
+        QCOMPARE(layout.rectOfCoords(coords), QRectF(114, 148, 68, 68));
+        QVERIFY(layout.coordsOfApp(1, 5).isEmpty());
+        QVERIFY(layout.rectOfCoords(Coords()).isNull());
+        QVERIFY(layout.rectOfCellForRow(3, 0).isNull());
+    }
+
+    void cellSizeAndViewSizeInvertEachOther()
+    {
+        const HVIconLayout layout = threeAndFive(prefs(2, 1, 3));
+        const QSizeF view = layout.viewSizeForCellSize(QSizeF(50, 50), 3, 3);
+        QCOMPARE(view, QSizeF(3 * 50 + 24 + 3 + 25, 3 * 50 + 24 + 6));
+        QCOMPARE(layout.cellSizeForViewSize(view, 3, 3), QSizeF(50, 50));
+        QCOMPARE(layout.cellSizeForViewSize(view, 0, 3), QSizeF(0, 0));
+        QCOMPARE(layout.viewSizeForCellSize(QSizeF(0, 50), 3, 3), QSizeF(0, 0));
+        QCOMPARE(layout.bunchSpacingForCellWidth(67), 33);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestIconLayout)
+#include "tst_iconlayout.moc"

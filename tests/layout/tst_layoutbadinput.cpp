@@ -1,0 +1,173 @@
+// The icon grid under lists, panels and preferences it was never meant for, and nimboctl layout
+// end to end: every layout stays within the 256 x 256 table, no icon drops below one point, and
+// every app shown has exactly one cell.
+#include "browser/layout/hviconlayout.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSet>
+#include <QtTest>
+
+namespace {
+HVIconLayoutPreferences orientation(int groupOrientation, int readingOrder = 1)
+{
+    HVIconLayoutPreferences p;
+    p.groupOrientation = groupOrientation;
+    p.iconReadingOrder = readingOrder;
+    return p;
+}
+
+QList<qint64> ones(int count)
+{
+    return QList<qint64>(count, 1);
+}
+
+// The grid is within the table, icons are at least a point, and each app of the laid-out list
+// sits in exactly one cell.
+void verifySane(const HVIconLayout& layout)
+{
+    QVERIFY(layout.rowCount() >= 0 && layout.rowCount() <= 256);
+    QVERIFY(layout.colCount() >= 0 && layout.colCount() <= 256);
+    QVERIFY(layout.iconWidth() >= 1);
+    QSet<QPair<quint64, quint64>> seen;
+    for (const appInfo& cell : layout.lookupTable().cells()) {
+        if (!cell.filled)
+            continue;
+        const QPair<quint64, quint64> app{cell.bunch, cell.index};
+        QVERIFY2(!seen.contains(app), "an app sits in two cells");
+        seen.insert(app);
+    }
+    qint64 apps = 0;
+    for (int size : layout.bunchSizes())
+        apps += size;
+    QCOMPARE(qint64(seen.size()), apps);
+}
+} // namespace
+
+class TestLayoutBadInput : public QObject
+{
+    Q_OBJECT
+private slots:
+    void emptyListsShowNothing()
+    {
+        for (const QList<qint64>& bunches : {QList<qint64>{}, QList<qint64>{0, 0}}) {
+            const HVIconLayout layout = HVIconLayout::forGroup(1, false, bunches, {}, QSizeF(1200, 800));
+            QCOMPARE(layout.rowCount(), 0);
+            QCOMPARE(layout.colCount(), 0);
+            QCOMPARE(layout.bunchCount(), 0);
+            QVERIFY(layout.lookupTable().cells().empty());
+            QVERIFY(layout.coordsOfPoint(QPointF(0, 0)).isEmpty());
+        }
+        QCOMPARE(HVIconLayout::forGroup(42, false, {5}, {}, QSizeF(1200, 800)).bunchCount(), 0);
+    }
+
+    void oneAppAndPanelsTooSmallForIt()
+    {
+        const HVIconLayout one = HVIconLayout::forGroup(2, false, {1}, {}, QSizeF(1200, 800));
+        QCOMPARE(one.rowCount(), 1);
+        QCOMPARE(one.colCount(), 1);
+        QCOMPARE(one.iconWidth(), 64);
+        QCOMPARE(one.viewSize(), QSizeF(92, 92));
+        QCOMPARE(HVIconLayout::forGroup(2, false, {1}, {}, QSizeF(50, 50)).iconWidth(), 22);
+        // Smaller than any cell: the icon stops at one point.
+        const HVIconLayout tiny = HVIconLayout::forGroup(1, false, {3, 5}, {}, QSizeF(3, 3));
+        QCOMPARE(tiny.iconWidth(), 1);
+        QCOMPARE(tiny.cellWidth(), 5);
+        verifySane(tiny);
+        // No positive panel size: nothing to shrink for.
+        QCOMPARE(HVIconLayout::forGroup(2, false, {7}, {}, QSizeF(-5, 100)).iconWidth(), 64);
+    }
+
+    void hugeListsStayWithinTheTable()
+    {
+        for (int o : {0, 1, 2}) {
+            for (const QSizeF& panel : {QSizeF(1872, 1032), QSizeF(100, 4000), QSizeF(4000, 60)}) {
+                const HVIconLayout big = HVIconLayout::forGroup(1, false, {5000}, orientation(o), panel);
+                verifySane(big);
+                QCOMPARE(big.bunchSizes(), QList<int>{5000});
+                verifySane(HVIconLayout::forGroup(0, false, {5000}, orientation(o), panel));
+            }
+        }
+        const HVIconLayout sideBySide = HVIconLayout::forGroup(1, false, ones(300), {}, QSizeF(1872, 1032));
+        QCOMPARE(sideBySide.bunchCount(), 256);
+        QCOMPARE(sideBySide.colCount(), 256);
+        verifySane(sideBySide);
+        const HVIconLayout stacked =
+            HVIconLayout::forGroup(1, false, ones(300), orientation(1), QSizeF(1872, 1032));
+        QCOMPARE(stacked.rowCount(), 256);
+        QCOMPARE(stacked.bunchRects().size(), 256);
+        QCOMPARE(stacked.bunchSpacingRects().size(), 257);
+        verifySane(stacked);
+        const HVIconLayout flat = HVIconLayout::forGroup(6, false, {70000, -4}, {}, QSizeF(1872, 1032));
+        QCOMPARE(flat.bunchSizes(), QList<int>{65536});
+        verifySane(flat);
+        const HVIconLayout halves =
+            HVIconLayout::forGroup(5, false, {40000, 40000, 7}, {}, QSizeF(1872, 1032));
+        QCOMPARE(halves.bunchSizes(), (QList<int>{40000, 25088, 7}));
+        verifySane(halves);
+    }
+
+    void absurdPreferencesStillGiveEveryAppOneCell()
+    {
+        for (int o : {-1, 0, 1, 2, 9}) {
+            for (int readingOrder : {0, 1, 2, 77}) {
+                HVIconLayoutPreferences p = orientation(o, readingOrder);
+                p.maximumIconSize = o < 0 ? -50 : 1000000;
+                p.iconPadding = 1000;
+                p.iconSpacing = -1000;
+                p.minimizeEmptyCells = readingOrder == 2;
+                const HVIconLayout layout =
+                    HVIconLayout::forGroup(8, false, {3, 0, 17, 1}, p, QSizeF(900, 700));
+                verifySane(layout);
+                QVERIFY(layout.iconWidth() <= 128);
+            }
+        }
+        HVIconLayout layout = HVIconLayout::forGroup(1, false, {3, 5}, {}, QSizeF(1200, 800));
+        QVERIFY(!layout.forceRowColCountForRows(0, 0));
+        QVERIFY(layout.forceRowColCountForRows(100000, 0));
+        QCOMPARE(layout.rowCount(), 256);
+        verifySane(layout);
+    }
+
+    void commandPrintsTheGridAsJson()
+    {
+        QProcess ctl;
+        ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), {QStringLiteral("layout")});
+        ctl.write(R"({"group": 1, "bunches": [3, 5], "groupOrientation": 2, "iconReadingOrder": 1,
+                      "maximumIconSize": 64, "iconPadding": 2, "iconSpacing": 0, "minimizeEmptyCells": false,
+                      "maxViewSize": [1200, 800], "optionKey": false, "points": [[200, 160], [-1, 0]]})");
+        ctl.closeWriteChannel();
+        QVERIFY(ctl.waitForFinished(10000));
+        QCOMPARE(ctl.exitCode(), 0);
+        const QJsonObject out = QJsonDocument::fromJson(ctl.readAllStandardOutput()).object();
+        QCOMPARE(out.value("viewSize").toArray(), (QJsonArray{262, 228}));
+        QCOMPARE(out.value("cells").toArray().size(), 9);
+        QCOMPARE(out.value("cells").toArray().at(1).toObject(),
+                 (QJsonObject{{"row", 0},
+                              {"col", 1},
+                              {"bunch", 1},
+                              {"index", 0},
+                              {"filled", true},
+                              {"rect", QJsonArray{114, 12, 68, 68}}}));
+        const QJsonArray hits = out.value("hits").toArray();
+        QCOMPARE(hits.at(0).toObject().value("col").toInt(), 2);
+        QVERIFY(hits.at(0).toObject().value("spacer").isNull());
+        QVERIFY(hits.at(1).toObject().value("bunch").isNull());
+
+        for (const QByteArray& bad :
+             {QByteArray("[1, 2]"), QByteArray("{\"bunches\": [-1]}"), QByteArray("{\"maxViewSize\": 5}"),
+              QByteArray("{\"iconSpacing\": \"x\"}"), QByteArray("{\"points\": [[1]]}")}) {
+            ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), {QStringLiteral("layout")});
+            ctl.write(bad);
+            ctl.closeWriteChannel();
+            QVERIFY(ctl.waitForFinished(10000));
+            QCOMPARE(ctl.exitCode(), 1);
+            QVERIFY(ctl.readAllStandardOutput().isEmpty());
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestLayoutBadInput)
+#include "tst_layoutbadinput.moc"
