@@ -1,0 +1,30 @@
+// Icons scaled once to the grid's icon size, so that painting a full grid only copies pixels.
+// An entry is made again when the record's image or the size changes.
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QSet>
+
+class HVApp;
+
+class HVIconCache
+{
+public:
+    // `source` fitted into `edge` x `edge` points (keeping its shape) at the device pixel ratio.
+    QImage scaledIcon(const HVApp* app, const QImage& source, int edge, qreal devicePixelRatio);
+    // Forgets every record not in `apps`.
+    void retainOnly(const QSet<const HVApp*>& apps);
+    void clear() { m_entries.clear(); }
+    int count() const { return int(m_entries.size()); }
+
+private:
+    struct Entry
+    {
+        qint64 sourceKey = 0;
+        int edge = 0;
+        qreal ratio = 1;
+        QImage image;
+    };
+    QHash<const HVApp*, Entry> m_entries;
+};

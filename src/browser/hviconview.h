@@ -1,0 +1,203 @@
+// The icon browser view: one group of the catalogue as a grid of icons inside the panel. It lays
+// the grid out (through HVIconLayout), paints it, follows the pointer, launches on click, filters
+// by typed letters, steps letters with the scroll wheel and switches groups on a sideways swipe.
+//
+// Implemented in several files: set-up and observers (hviconview.cpp), layout
+// (hviconview_layout.cpp), painting (hviconview_drawing.cpp, hviconview_cells.cpp), pointer
+// (hviconview_mouse.cpp), keys and the filter (hviconview_keys.cpp), wheel
+// (hviconview_scroll.cpp) and modifier keys (hviconview_modifiers.cpp).
+#pragma once
+
+#include "hviconcache.h"
+#include "hvicondragstate.h"
+#include "hviconviewappearance.h"
+#include "hvmodifierkeys.h"
+#include "hvscrollaccumulator.h"
+#include "hvtypefilter.h"
+#include "layout/hviconlayout.h"
+
+#include "catalogue/hvapparray.h"
+#include "common/hvnotification.h"
+
+#include <QHash>
+#include <QPoint>
+#include <QSet>
+#include <QWidget>
+
+#include <optional>
+
+class HVAppManager;
+class HVUserDefaults;
+class QTimer;
+
+class HVIconView : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(int groupShown READ groupShown NOTIFY groupShownChanged)
+public:
+    // Seconds of typing pause after which the next key starts a new filter.
+    static constexpr double FilterResetInterval = 1.0;
+
+    HVIconView(HVAppManager* manager, HVUserDefaults* defaults, QWidget* parent = nullptr);
+    ~HVIconView() override;
+
+    // Registers the view's preference defaults (once per defaults object is enough).
+    static void initialize(HVUserDefaults* defaults);
+
+    // Layout.
+    QSizeF viewSize() const;
+    QSize sizeHint() const override;
+    void setMaxIconViewSize(const QSizeF& size);
+    QSizeF maxIconViewSize() const { return m_maxIconViewSize; }
+    void setGroupToShow(int group);
+    int groupToShow() const { return m_groupToShow; }
+    int groupShown() const { return m_groupShown; }
+    void updateLayout();
+    void resizeViewForced(bool forced);
+    bool forceRowColCountForRows(int rows, int cols);
+    const HVIconLayout& iconLayout() const { return m_layout; }
+    HVAppArray appsShown() const { return m_appsShown; }
+
+    // Cells and apps.
+    Coords coordsOfPoint(const QPointF& point) const { return m_layout.coordsOfPoint(point); }
+    Coords coordsOfApp(const HVAppRef& app) const;
+    HVAppRef appAtCoords(const Coords& coords) const;
+    HVAppRef appAtPoint(const QPointF& point) const { return appAtCoords(coordsOfPoint(point)); }
+    HVAppRef appAtCell(int row, int column) const;
+    QRectF rectOfCoords(const Coords& coords) const { return m_layout.rectOfCoords(coords); }
+    QRectF rectOfApp(const HVAppRef& app) const { return rectOfCoords(coordsOfApp(app)); }
+
+    // Painting.
+    void setNeedsDisplayForApp(const HVAppRef& app);
+    void updateColors();
+    const HVIconViewAppearance& appearance() const { return m_look; }
+    bool isAppKeyFilteredOut(const HVApp& app) const { return m_filter.filtersOut(app); }
+    bool isOpaqueRow(int row, int column) const;
+    bool isHighlightedRow(int row, int column) const;
+    bool isDecoratedRow(int row, int column) const;
+    bool showsIconSpectrums() const { return m_showIconSpectrums; }
+    bool isBusyScanning() const { return m_busyScanning; }
+    // Set by drag and drop while a drag is over the view.
+    void setDragState(const HVIconDragState& state);
+    const HVIconDragState& dragState() const { return m_drag; }
+    Q_INVOKABLE void updateAppIcon(const HVNotification& notification);
+    Q_INVOKABLE void showProgressStep(const HVNotification& notification);
+
+    // Selection, pointer and launching.
+    Coords selectedCoords() const { return m_selectedCoords; }
+    Coords oldSelectedCoords() const { return m_oldSelectedCoords; }
+    Coords startCoords() const { return m_startCoords; }
+    void selectCoords(const Coords& coords);
+    void myMouseMoved(QMouseEvent* event);
+    // Launches on a thread of its own, with dropped items or none (nullopt), and hides the panel.
+    void launchApp(const HVAppRef& app, const std::optional<QList<QUrl>>& items);
+    void showAppInFinder(const HVAppRef& app);
+    void includeSelectedApp(const HVAppRef& app);
+    void excludeSelectedApp(const HVAppRef& app);
+    void removeSelectedAppFromUser(const HVAppRef& app);
+
+    // Keys and type-to-filter.
+    bool handleKeyDown(QKeyEvent* event);
+    void handleKeyUp(QKeyEvent* event);
+    bool performKeyEquivalent(QKeyEvent* event);
+    bool handleCancelOperation();
+    QString filterSubstring() const { return m_filter.text(); }
+    // The apps shown, bunch after bunch, that the filter keeps.
+    HVAppBunch keyFilteredApps1D() const;
+    void resetFilterSubstring();
+    void cancelFilterSubstringTimer();
+    void startFilterSubstringTimerWithTimeInterval(double seconds);
+    void filterSubstringTimerFired();
+    bool isFilterSubstringTimerRunning() const;
+    void sendFilterSubstringNotification();
+
+    // Modifier keys.
+    Q_INVOKABLE void modifierKeysChanged(const HVNotification& notification);
+    HVModifierKeys modifierKeys() const { return m_keys; }
+    void readModifierKeysFromEvent(Qt::KeyboardModifiers modifiers);
+    void updateCursor();
+    // Ends any drag, clears the modifiers, the filter and the selection, and shows icons again.
+    void resetView();
+
+signals:
+    void groupShownChanged(int group);
+    void appLaunchRequested(HVAppRef app);
+    // A right click on an app: the contextual menu belongs there.
+    void contextMenuRequested(HVAppRef app, QPoint globalPosition);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    // Set-up and observers.
+    void preferenceChanged(const QString& key, const QVariant& oldValue, const QVariant& newValue);
+    void catalogueDidChange(const QStringList& keys);
+    void refreshMembershipSets();
+    void postSubviewNeedsResizing();
+
+    // Layout.
+    void layoutDidChange();
+    const QHash<const HVApp*, QPoint>& firstCellOfApps() const;
+
+    // Painting.
+    void drawBackground(QPainter& painter) const;
+    void drawScanningText(QPainter& painter) const;
+    void drawCellforRow(QPainter& painter, int row, int column);
+    void drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect);
+    void drawBunchMarks(QPainter& painter) const;
+    bool isAppRunning(const HVAppRef& app) const { return m_runningApps.contains(app); }
+    bool isAppExcluded(const HVAppRef& app) const { return m_excludedApps.contains(app); }
+    bool isSelectedCell(int row, int column) const;
+    void repaintCell(const Coords& coords);
+
+    // Pointer, keys and wheel.
+    void mouseDown(QMouseEvent* event);
+    void mouseUp(QMouseEvent* event);
+    void rightMouseDown(QMouseEvent* event);
+    void scrollWheel(QWheelEvent* event);
+    void scrollVertically(double deltaY);
+    void scrollHorizontally(double deltaX, quint64 timestamp);
+    void changeFilter(bool changed);
+
+    HVAppManager* m_manager;
+    HVUserDefaults* m_defaults;
+
+    int m_groupToShow = 1;
+    int m_groupShown = -1;
+    HVIconLayoutPreferences m_preferences;
+    QSizeF m_maxIconViewSize;
+    HVAppArray m_appsShown;
+    HVAppBunches m_shownBunches; // the list as laid out, kept until the next layout
+    HVIconLayout m_layout;
+    bool m_layoutPending = false; // list changes wait while Shift is held
+    mutable std::optional<QHash<const HVApp*, QPoint>> m_firstCells;
+
+    HVIconViewAppearance m_look;
+    HVIconCache m_iconCache;
+    QSet<HVAppRef> m_runningApps;
+    QSet<HVAppRef> m_excludedApps;
+    bool m_showIconSpectrums = false;
+    bool m_busyScanning = false;
+    QString m_scanningStep;
+    QString m_scanningLabel;
+    HVIconDragState m_drag;
+
+    Coords m_selectedCoords;
+    Coords m_oldSelectedCoords;
+    Coords m_startCoords;
+    QPointF m_mouseDownPoint;
+    HVModifierKeys m_keys;
+    HVModifierKeys m_oldKeys;
+
+    HVTypeFilter m_filter;
+    QTimer* m_filterSubstringTimer;
+    HVScrollAccumulator m_scrollAccumulatorY{1.0};
+};

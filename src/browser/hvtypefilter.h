@@ -1,0 +1,32 @@
+// The type-to-filter text: what the user typed in the icon view, always in lower case. One
+// character keeps the apps that have that letter among their filter letters (initials and
+// digits); more characters keep the apps whose name contains the text, ignoring case.
+#pragma once
+
+#include <QString>
+
+class HVApp;
+
+class HVTypeFilter
+{
+public:
+    // Typing stops adding characters here.
+    static constexpr int MaxLength = 256;
+
+    const QString& text() const { return m_text; }
+    bool isEmpty() const { return m_text.isEmpty(); }
+
+    // Each answers whether the text changed.
+    bool clear();
+    bool setText(const QString& text);
+    bool removeLastCharacter();
+    // A letter or digit is added in lower case; anything else is refused (false).
+    bool appendLetterOrDigit(QChar character);
+    // A space follows a word only: never first, never two in a row.
+    bool appendSpace();
+
+    bool filtersOut(const HVApp& app) const;
+
+private:
+    QString m_text;
+};

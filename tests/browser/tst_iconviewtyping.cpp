@@ -1,0 +1,158 @@
+// Typing in the icon view: the filter by letters and names, the pause that starts a new word,
+// Return on the single match, Escape, and the Command chords.
+#include "iconviewfixture.h"
+
+class TestIconViewTyping : public QObject
+{
+    Q_OBJECT
+
+    static QList<QStringList> apps()
+    {
+        return {{"Safari", "Sane Scanner", "System Monitor"}, {"Text Editor", "Terminal", "Safe Box"}};
+    }
+
+private slots:
+    void oneLetterMatchesInitialsLongerTextMatchesNames()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        NotificationSpy spy("N_FilterStringChanged");
+        f.type("s");
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
+        // Initials: Safari, Sane Scanner, System Monitor, Safe Box; not Text Editor.
+        QCOMPARE(f.filtered(), QStringList({"Safari", "Sane Scanner", "System Monitor", "Safe Box"}));
+        f.type("AF"); // typed upper case, kept lower case
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf"));
+        QCOMPARE(f.filtered(), QStringList({"Safari", "Safe Box"}));
+        QCOMPARE(spy.count, 3);
+        QCOMPARE(spy.last.object.value<QObject*>(), f.view.get());
+        QCOMPARE(spy.last.userInfo.value("filterString").toString(), QStringLiteral("saf"));
+        QCOMPARE(spy.last.userInfo.value("resetInterval").toFloat(), 1.0f);
+        QVERIFY(!f.view->isAppKeyFilteredOut(*f.app("Safari")));
+        QVERIFY(f.view->isAppKeyFilteredOut(*f.app("Terminal")));
+    }
+
+    void aPauseOfASecondStartsANewWord()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        f.type("saf");
+        QVERIFY(f.view->isFilterSubstringTimerRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!f.view->isFilterSubstringTimerRunning(), 3000);
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf")); // stays until the next key
+        f.type("t");
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("t"));
+    }
+
+    void heldKeysSpacesAndDelete()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        QVERIFY(f.key(Qt::Key_Space, " ")); // consumed, but no word to follow
+        QCOMPARE(f.view->filterSubstring(), QString());
+        f.type("sa");
+        QVERIFY(!f.key(Qt::Key_A, "a", {}, true)); // a held key types once
+        QVERIFY(f.key(Qt::Key_Space, " "));
+        QVERIFY(f.key(Qt::Key_Space, " "));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("sa "));
+        QVERIFY(f.key(Qt::Key_Backspace, "\b", {}, true)); // a held Delete keeps deleting
+        QVERIFY(f.key(Qt::Key_Backspace, "\b", {}, true));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
+        QVERIFY(!f.key(Qt::Key_Exclam, "!"));
+        QVERIFY(!f.key(Qt::Key_Left));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
+    }
+
+    void returnLaunchesOnlyASingleMatchOnAnotherThread()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
+        f.type("saf");
+        QVERIFY(f.key(Qt::Key_Return, "\r")); // Safari and Safe Box
+        QCOMPARE(launches.count(), 0);
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf"));
+        f.type("a");
+        QVERIFY(f.key(Qt::Key_Enter, "\r"));
+        QCOMPARE(launches.count(), 1);
+        QCOMPARE(launches.at(0).at(0).value<HVAppRef>(), f.app("Safari"));
+        QCOMPARE(f.view->filterSubstring(), QString());
+        QTRY_COMPARE(f.actions->launches(), QStringList({"Safari"}));
+        QVERIFY(!f.actions->launchedOnMainThread);
+    }
+
+    void returnAfterThePauseStillLaunchesTheMatchShown()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
+        f.type("term");
+        f.view->filterSubstringTimerFired();
+        QVERIFY(f.key(Qt::Key_Return, "\r"));
+        QCOMPARE(launches.count(), 1);
+        QCOMPARE(launches.at(0).at(0).value<HVAppRef>(), f.app("Terminal"));
+    }
+
+    void anAppWhoseEntryIsGoneIsNotLaunched()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        f.app("Terminal")->setPathIsValid(false);
+        QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
+        f.type("term");
+        QTest::ignoreMessage(QtWarningMsg, "Invalid application path: /apps/Terminal.desktop");
+        QVERIFY(f.key(Qt::Key_Return, "\r"));
+        QCOMPARE(launches.count(), 0);
+    }
+
+    void escapeClearsTheFilterFirstThenLetsThePanelClose()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        f.type("sa");
+        QVERIFY(f.key(Qt::Key_Escape, "\x1b"));
+        QCOMPARE(f.view->filterSubstring(), QString());
+        QVERIFY(!f.key(Qt::Key_Escape, "\x1b"));
+        f.type("t");
+        QVERIFY(f.key(Qt::Key_Period, ".", Qt::ControlModifier));
+        QCOMPARE(f.view->filterSubstring(), QString());
+        QVERIFY(!f.key(Qt::Key_S, "\x13", Qt::ControlModifier)); // chords never type
+        QCOMPARE(f.view->filterSubstring(), QString());
+    }
+
+    void commandEqualsAndMinusChangeTheRowsOfBunches()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        const int rows = f.view->iconLayout().rowCount();
+        NotificationSpy resizing("N_SubviewNeedsResizing");
+        QVERIFY(f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
+        QCOMPARE(f.view->iconLayout().rowCount(), rows + 1);
+        QCOMPARE(resizing.count, 1);
+        QCOMPARE(resizing.last.object.value<QObject*>(), f.view.get());
+        QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
+        QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
+        QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
+        QCOMPARE(f.view->iconLayout().rowCount(), 1); // never fewer than one
+        QCOMPARE(f.view->iconLayout().colCount(), 6);
+        f.view->setGroupToShow(2); // a flat list has no rows to force
+        QVERIFY(!f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
+    }
+
+    void commandBackquoteShowsSpectrumsOnlyInColourOrder()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        QVERIFY(f.key(Qt::Key_QuoteLeft, "`", Qt::ControlModifier));
+        QVERIFY(!f.view->showsIconSpectrums());
+        f.defaults->setInteger(2, "groupContentsSortOrder");
+        QVERIFY(f.key(Qt::Key_QuoteLeft, "`", Qt::ControlModifier));
+        QVERIFY(f.view->showsIconSpectrums());
+        f.view->resetView();
+        QVERIFY(!f.view->showsIconSpectrums());
+    }
+};
+
+QTEST_MAIN(TestIconViewTyping)
+#include "moc_iconviewfixture.cpp"
+#include "tst_iconviewtyping.moc"
