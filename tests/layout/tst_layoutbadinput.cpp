@@ -61,6 +61,12 @@ private slots:
             QVERIFY(layout.coordsOfPoint(QPointF(0, 0)).isEmpty());
         }
         QCOMPARE(HVIconLayout::forGroup(42, false, {5}, {}, QSizeF(1200, 800)).bunchCount(), 0);
+        // An empty bunch among others keeps one column of empty cells, as the row search counted it.
+        const HVIconLayout gap = HVIconLayout::forGroup(8, false, {0, 3}, {}, QSizeF(1200, 800));
+        QCOMPARE(gap.rowCount(), 2);
+        QCOMPARE(gap.colCount(), 3);
+        QCOMPARE(gap.bunchRects(), (QList<QRectF>{{12, 0, 68, 160}, {114, 0, 136, 160}}));
+        QVERIFY(!gap.lookupTable().at(0, 0).filled && gap.lookupTable().at(0, 1).bunch == 1);
     }
 
     void oneAppAndPanelsTooSmallForIt()
