@@ -1,0 +1,31 @@
+// A system-wide hot key: a key (named by its X keysym) with modifiers, reported wherever the
+// focus is. On X11 it is a key grab on the root window; elsewhere it does nothing.
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+
+class GlobalHotKey : public QObject, public QAbstractNativeEventFilter
+{
+    Q_OBJECT
+public:
+    // The stored modifier mask, as the preferences keep it.
+    enum Modifier { Command = 256, Shift = 512, Option = 2048, Control = 4096 };
+
+    explicit GlobalHotKey(QObject* parent = nullptr);
+    ~GlobalHotKey() override;
+
+    // Grabs the key; false (with a log line) when there is no X display or the grab is refused.
+    bool registerHotKey(const QString& keysym, int modifierMask);
+    void unregisterHotKey();
+    bool isRegistered() const { return m_keycode != 0; }
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+signals:
+    void pressed();
+
+private:
+    quint8 m_keycode = 0;
+    quint16 m_modifiers = 0;
+};

@@ -1,0 +1,267 @@
+#include "hvcontroller.h"
+
+#include "hvwindow.h"
+#include "modifiermonitor.h"
+
+#include "browser/hviconview.h"
+#include "catalogue/hvappmanager.h"
+#include "common/hvnotificationcenter.h"
+#include "common/hvuserdefaults.h"
+#include "common/notificationnames.h"
+#include "platform/gioentryreader.h"
+#include "platform/globalhotkey.h"
+#include "platform/nimbobus.h"
+#include "platform/panelwindowhints.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+namespace {
+const QString LaunchCountKey = QStringLiteral("applicationLaunchCount");
+} // namespace
+
+HVController::HVController(HVUserDefaults* defaults, QObject* parent)
+    : QObject(parent), m_defaults(defaults ? defaults : HVUserDefaults::standardUserDefaults())
+{
+    initialize(m_defaults);
+    m_appManager = new HVAppManager(m_defaults, std::make_shared<GioEntryReader>(), nullptr, this);
+    m_iconView = new HVIconView(m_appManager, m_defaults);
+    m_mainWindow = new HVWindow(m_iconView, m_defaults);
+    m_hotKey = new GlobalHotKey(this);
+    m_modifierMonitor = new ModifierMonitor(this);
+    m_bus = new NimboBusService(this);
+    connect(m_hotKey, &GlobalHotKey::pressed, this, &HVController::showHideMainWindow);
+    connect(m_mainWindow, &HVWindow::closeRequested, this, &HVController::explicitHideMainWindow);
+    connect(m_bus, &NimboBusService::toggleRequested, this, &HVController::showHideMainWindow);
+    connect(m_bus, &NimboBusService::showRequested, this, [this] {
+        activate();
+        applicationOpenUntitledFile();
+    });
+    connect(m_bus, &NimboBusService::hideRequested, this, [this] {
+        if (mainWindowIsVisible())
+            explicitHideMainWindow();
+    });
+    connect(m_bus, &NimboBusService::rescanRequested, this, [this] { rescanAllApps(true); });
+    connect(m_bus, &NimboBusService::quitRequested, this, &HVController::terminate);
+    connect(m_bus, &NimboBusService::reopenRequested, this, &HVController::applicationShouldHandleReopen);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &HVController::applicationStateChanged);
+}
+
+HVController::~HVController()
+{
+    if (m_observing) {
+        HVKeyPathObserving::unregisterHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
+        HVNotificationCenter::defaultCenter()->removeObserver(this);
+    }
+    delete m_mainWindow;
+}
+
+HVKeyPathObserverTable HVController::halvornKeyPathObservers(HVUserDefaults* defaults)
+{
+    auto entry = [defaults](const char* key, const QVariant& value, const char* selector = "") {
+        return HVKeyPathObserver{QString::fromLatin1(key), value, QByteArray(selector), defaults};
+    };
+    return {
+        entry("startAtLogin", false, "observe_startAtLogin"),
+        entry("showAppInStatusBar", true, "observe_showAppInStatusBar"),
+        entry("showIconInDock", true, "observe_showIconInDock"),
+        entry("statusBarTogglesWindow", true, "observe_statusBarTogglesWindow"),
+        entry("cursorHotSpotLocation", 0, "observe_cursorHotSpotLocation"),
+        entry("hotKeyCode", 48),
+        entry("hotKeyModifiers", 4096),
+        entry("showOnBecomeActive", false),
+        entry("hideOnResignActive", false),
+        entry("nonActivatingPanel", false),
+        entry("tabletMode", false),
+        entry("tabletHandedness", 1),
+        entry("showNoMouseAccessWarning", true),
+        entry("showNoUIAccessWarning", true),
+        entry("highlightHotSpots", false),
+        entry("cursorHotSpotDelay", 0.35),
+        entry("ignoreCursorHotSpotDelayOnHide", true),
+        entry("groupToShowWhenWindowOpens", 1),
+        entry("groupShownWhenWindowClosed", -1),
+        entry("showWindowAtLaunch", true),
+        entry("appRemoverBundleIdentifier", QStringLiteral("org.gnome.Software.desktop")),
+        entry("appRemoverName", QStringLiteral("Software")),
+    };
+}
+
+void HVController::initialize(HVUserDefaults* defaults)
+{
+    HVKeyPathObserving::registerUserDefaultsFromHalvornKeyPathObservers(halvornKeyPathObservers(defaults));
+}
+
+bool HVController::registerBusService()
+{
+    return m_bus->registerService();
+}
+
+void HVController::awakeFromNib()
+{
+    m_appManager->awakeFromNib();
+    HVKeyPathObserving::registerHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
+    auto* center = HVNotificationCenter::defaultCenter();
+    center->addButFirstRemoveObserver(this, "modifierKeysChanged", HVNotificationNames::EventFlagsChanged);
+    center->addButFirstRemoveObserver(this, "showProgressStep", HVNotificationNames::ShowProgressStep);
+    m_observing = true;
+    registerHotKey();
+}
+
+void HVController::applicationWillFinishLaunching()
+{
+    // The taskbar entry stands for the dock icon: without it Nimbo runs "dockless".
+    m_runningDockless = !m_defaults->boolForKey(QStringLiteral("showIconInDock"));
+    m_modifierMonitor->setEnabled(false);
+}
+
+void HVController::applicationDidFinishLaunching()
+{
+    m_finishedLaunching = true;
+    if (m_defaults->boolForKey(QStringLiteral("showWindowAtLaunch")))
+        applicationOpenUntitledFile();
+    rescanAllApps(false);
+    const qint64 count = m_defaults->integerForKey(LaunchCountKey);
+    if (count == 0)
+        m_appManager->autoExcludeDockApps(false, true);
+    if (!hasMouseAccess() && !hasKeyboardAccess() &&
+        m_defaults->boolForKey(QStringLiteral("showNoUIAccessWarning")))
+        alertIfNoAccess();
+    else if (!hasMouseAccess() && m_defaults->boolForKey(QStringLiteral("showNoMouseAccessWarning")))
+        alertIfNoMouseAccess();
+    m_defaults->setInteger(count + 1, LaunchCountKey);
+    HVNotificationCenter::defaultCenter()->postNotificationName(
+        HVNotificationNames::ApplicationDidFinishLaunching);
+}
+
+void HVController::rescanAllApps(bool fromMenu)
+{
+    int group = int(m_defaults->integerForKey(QStringLiteral("groupToShowWhenWindowOpens")));
+    if (group == -1)
+        group = int(m_defaults->integerForKey(QStringLiteral("groupShownWhenWindowClosed")));
+    if (group == -1)
+        group = 1;
+    if (fromMenu)
+        m_appManager->clearIconsForAllApps();
+    m_appManager->rescanAllAppsPrioritizingGroup(group);
+}
+
+void HVController::applicationStateChanged(Qt::ApplicationState state)
+{
+    const bool active = state == Qt::ApplicationActive;
+    if (active == m_isActive)
+        return;
+    m_isActive = active;
+    if (active) {
+        cancelWindowCloseTimer(); // will become active
+        applicationDidBecomeActive();
+    } else {
+        applicationWillResignActive();
+        m_didBecomeActiveDate = QDateTime();
+    }
+}
+
+void HVController::applicationDidBecomeActive()
+{
+    if (m_defaults->boolForKey(QStringLiteral("showOnBecomeActive")) && !mainWindowIsVisible())
+        applicationOpenUntitledFile();
+    m_modifierMonitor->setEnabled(true);
+    m_didBecomeActiveDate = QDateTime::currentDateTime();
+}
+
+void HVController::applicationWillResignActive()
+{
+    m_modifierMonitor->setEnabled(false);
+    implicitHideMainWindow();
+    if (m_defaults->boolForKey(QStringLiteral("hideOnResignActive")) && mainWindowIsVisible()) {
+        QApplication::beep();
+        hideMainWindow();
+    }
+}
+
+bool HVController::applicationShouldOpenUntitledFile() const
+{
+    return !mainWindowIsVisible() && m_finishedLaunching;
+}
+
+bool HVController::applicationOpenUntitledFile()
+{
+    showMainWindow();
+    return true;
+}
+
+void HVController::applicationShouldHandleReopen()
+{
+    // A click on the taskbar entry (or running nimbo again) activates first and then reopens;
+    // within a quarter second of activation the same click must not hide the panel again.
+    const bool activeForAWhile =
+        m_didBecomeActiveDate.isValid() && m_didBecomeActiveDate.msecsTo(QDateTime::currentDateTime()) > 250;
+    if (activeForAWhile && mainWindowIsVisible()) {
+        explicitHideMainWindow();
+    } else {
+        activate();
+        applicationOpenUntitledFile();
+    }
+}
+
+void HVController::quitApp()
+{
+    if (m_runningDockless && !hasStatusItem()) {
+        activate();
+        QMessageBox box(QMessageBox::Question, QStringLiteral("Nimbo"),
+                        QStringLiteral("Are you sure you want to quit Nimbo?"));
+        QPushButton* quit = box.addButton(QStringLiteral("Quit"), QMessageBox::AcceptRole);
+        box.addButton(QStringLiteral("Don't Quit"), QMessageBox::RejectRole);
+        box.exec();
+        if (box.clickedButton() != quit)
+            return;
+    }
+    terminate();
+}
+
+void HVController::terminate()
+{
+    m_defaults->synchronize();
+    emit quitRequested();
+    QCoreApplication::quit();
+}
+
+void HVController::showAlert(const QString& message, const QString& informativeText)
+{
+    emit alertShown(message, informativeText);
+    auto* box =
+        new QMessageBox(QMessageBox::Warning, QStringLiteral("Nimbo"), message, QMessageBox::NoButton);
+    box->setInformativeText(informativeText);
+    box->addButton(QStringLiteral("Ok"), QMessageBox::AcceptRole);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void HVController::modifierKeysChanged(const HVNotification&)
+{
+    // The preferences sheet reveals its hidden controls while Option is held; it has none yet.
+}
+
+void HVController::showProgressStep(const HVNotification&)
+{
+    // Progress is drawn by the icon view and the taskbar entry's launcher progress.
+}
+
+void HVController::observe_showIconInDock(const QVariantMap& change)
+{
+    m_runningDockless = !change.value(HVKeyValueChange::NewKey).toBool();
+    updateTaskbarPresence();
+    alertIfNoMouseAccess();
+}
+
+void HVController::observe_showAppInStatusBar(const QVariantMap&)
+{
+    alertIfNoMouseAccess();
+}
+
+void HVController::updateTaskbarPresence()
+{
+    PanelWindowHints::setSkipTaskbar(m_mainWindow, m_runningDockless);
+}

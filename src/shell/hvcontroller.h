@@ -1,0 +1,109 @@
+// The application's controller: it owns the catalogue, the panel with its icon view and the
+// triggers (hot key, session bus), starts them in order, and decides when the panel shows and
+// hides. Implemented in hvcontroller.cpp (start-up, preferences, application events),
+// hvcontroller_panel.cpp (showing and hiding) and hvcontroller_hotkey.cpp (hot key, access).
+#pragma once
+
+#include "common/hvkeypathobservers.h"
+#include "common/hvnotification.h"
+
+#include <QDateTime>
+#include <QObject>
+
+class GlobalHotKey;
+class HVAppManager;
+class HVIconView;
+class HVUserDefaults;
+class HVWindow;
+class ModifierMonitor;
+class NimboBusService;
+class QTimer;
+
+class HVController : public QObject
+{
+    Q_OBJECT
+public:
+    explicit HVController(HVUserDefaults* defaults = nullptr, QObject* parent = nullptr);
+    ~HVController() override;
+
+    static HVKeyPathObserverTable halvornKeyPathObservers(HVUserDefaults* defaults);
+    static void initialize(HVUserDefaults* defaults);
+
+    // Start-up, in order.
+    void awakeFromNib();
+    void applicationWillFinishLaunching();
+    void applicationDidFinishLaunching();
+    // Takes the session bus name; false when another Nimbo already runs.
+    bool registerBusService();
+
+    HVAppManager* appManager() const { return m_appManager; }
+    HVWindow* mainWindow() const { return m_mainWindow; }
+    HVIconView* iconView() const { return m_iconView; }
+    HVUserDefaults* userDefaults() const { return m_defaults; }
+    bool isFinishedLaunching() const { return m_finishedLaunching; }
+    bool isAppRunningDockless() const { return m_runningDockless; }
+    bool hasStatusItem() const { return false; }
+
+    // Showing and hiding the panel.
+    bool mainWindowIsVisible() const;
+    void showMainWindow();
+    void hideMainWindow();
+    void implicitHideMainWindow();
+    void explicitHideMainWindow();
+    Q_INVOKABLE void showHideMainWindow();
+    void activate();
+    void deactivate();
+    void startWindowCloseTimerWithTimeInterval(double seconds);
+    void cancelWindowCloseTimer();
+    bool hasWindowCloseTimer() const;
+
+    // Application events.
+    bool applicationShouldOpenUntitledFile() const;
+    bool applicationOpenUntitledFile();
+    void applicationShouldHandleReopen();
+    void applicationDidBecomeActive();
+    void applicationWillResignActive();
+
+    void rescanAllApps(bool fromMenu);
+    // Quits, asking first only when Nimbo could not be reached again (no taskbar entry, no tray).
+    void quitApp();
+    void terminate();
+
+    // The hot key.
+    void registerHotKey();
+    QString hotKeyString() const;
+    bool hasMenuAccess() const;
+    bool hasMouseAccess() const;
+    bool hasKeyboardAccess() const;
+    void alertIfNoAccess();
+    void alertIfNoMouseAccess();
+
+    Q_INVOKABLE void modifierKeysChanged(const HVNotification& notification);
+    Q_INVOKABLE void showProgressStep(const HVNotification& notification);
+    Q_INVOKABLE void observe_showIconInDock(const QVariantMap& change);
+    Q_INVOKABLE void observe_showAppInStatusBar(const QVariantMap& change);
+
+signals:
+    // An alert the user must read; emitted instead of showing a dialog when nobody can answer.
+    void alertShown(const QString& message, const QString& informativeText);
+    void quitRequested();
+
+private:
+    void showAlert(const QString& message, const QString& informativeText);
+    void applicationStateChanged(Qt::ApplicationState state);
+    void updateTaskbarPresence();
+
+    HVUserDefaults* m_defaults;
+    HVAppManager* m_appManager;
+    HVIconView* m_iconView;
+    HVWindow* m_mainWindow;
+    GlobalHotKey* m_hotKey;
+    ModifierMonitor* m_modifierMonitor;
+    NimboBusService* m_bus;
+    QTimer* m_windowCloseTimer = nullptr;
+    QDateTime m_didBecomeActiveDate;
+    bool m_finishedLaunching = false;
+    bool m_runningDockless = false;
+    bool m_isActive = false;
+    bool m_observing = false;
+};

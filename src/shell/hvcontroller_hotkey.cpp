@@ -1,0 +1,74 @@
+// The hot key and the ways the user can reach Nimbo at all.
+#include "hvcontroller.h"
+
+#include "hvkeytable.h"
+
+#include "common/hvuserdefaults.h"
+#include "platform/globalhotkey.h"
+
+void HVController::registerHotKey()
+{
+    m_hotKey->unregisterHotKey();
+    const int code = int(m_defaults->integerForKey(QStringLiteral("hotKeyCode")));
+    if (code < 0)
+        return;
+    const HVKeyTableRow row = HVKeyTable::rowForTag(HVKeyTable::rows(), code);
+    if (row.keysym.isEmpty()) {
+        qWarning("Hot key code %d is not in the key table; no hot key", code);
+        return;
+    }
+    m_hotKey->registerHotKey(row.keysym, int(m_defaults->integerForKey(QStringLiteral("hotKeyModifiers"))));
+}
+
+QString HVController::hotKeyString() const
+{
+    return HVKeyTable::hotKeyString(HVKeyTable::rows(),
+                                    int(m_defaults->integerForKey(QStringLiteral("hotKeyCode"))),
+                                    int(m_defaults->integerForKey(QStringLiteral("hotKeyModifiers"))));
+}
+
+bool HVController::hasMenuAccess() const
+{
+    if (m_defaults->boolForKey(QStringLiteral("showAppInStatusBar")))
+        return true;
+    return m_finishedLaunching ? !m_runningDockless
+                               : m_defaults->boolForKey(QStringLiteral("showIconInDock"));
+}
+
+bool HVController::hasMouseAccess() const
+{
+    return m_defaults->boolForKey(QStringLiteral("showAppInStatusBar")) ||
+           m_defaults->boolForKey(QStringLiteral("showIconInDock")) ||
+           m_defaults->integerForKey(QStringLiteral("cursorHotSpotLocation")) > 0;
+}
+
+bool HVController::hasKeyboardAccess() const
+{
+    return m_defaults->integerForKey(QStringLiteral("hotKeyCode")) >= 0;
+}
+
+void HVController::alertIfNoAccess()
+{
+    if (hasMouseAccess() || hasKeyboardAccess())
+        return;
+    showAlert(
+        QStringLiteral("You have no access to Nimbo from the tray, the taskbar, a cursor hot spot or a hot "
+                       "key."),
+        QStringLiteral("You will only be able to re-open the window by double-clicking the application icon "
+                       "in the file manager."));
+}
+
+void HVController::alertIfNoMouseAccess()
+{
+    if (hasMouseAccess())
+        return;
+    if (m_defaults->integerForKey(QStringLiteral("hotKeyCode")) < 0) {
+        alertIfNoAccess();
+        return;
+    }
+    showAlert(
+        QStringLiteral("You only have access to Nimbo using the following hot key:\n\n%1")
+            .arg(hotKeyString()),
+        QStringLiteral("You can also re-open the window by double-clicking the application icon in the file "
+                       "manager."));
+}

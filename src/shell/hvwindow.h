@@ -1,0 +1,83 @@
+// The panel: a frameless, translucent, rounded window holding the icon view. It sizes itself
+// to the view's content, stays on the screen, fades in and out, and remembers the group it
+// showed when it closed.
+#pragma once
+
+#include "common/hvnotification.h"
+
+#include <QColor>
+#include <QRectF>
+#include <QWidget>
+
+class HVBkgndView;
+class HVIconView;
+class HVUserDefaults;
+
+class HVWindow : public QWidget
+{
+    Q_OBJECT
+public:
+    // Distances between the icon view and the panel's edges.
+    static constexpr int TopMargin = 26;
+    static constexpr int BottomMargin = 20;
+    static constexpr int LeftMargin = 20;
+    static constexpr int RightMargin = 20;
+    static constexpr double FadeSeconds = 0.25;
+    static constexpr double SlideSeconds = 0.25;
+
+    HVWindow(HVIconView* iconView, HVUserDefaults* defaults, QWidget* parent = nullptr);
+    ~HVWindow() override;
+
+    static QVariantMap registeredDefaults();
+
+    HVIconView* iconView() const { return m_iconView; }
+    QWidget* overlayView() const { return m_overlay; }
+
+    void showPanel();
+    void hidePanel();
+    void raisePanel();
+    void lowerPanel();
+    bool isPanelVisible() const;
+
+    bool hasBeenMoved() const;
+    void slideToCenter();
+    void slideBack();
+    void slideOnscreen();
+    void centerExactly();
+    QSizeF maxIconViewSize() const;
+    double animationResizeTime(const QRectF& target) const;
+    QRectF availableGeometry() const;
+
+    Q_INVOKABLE void subviewDidResize(const HVNotification& notification = HVNotification());
+    void screenParametersDidChange();
+    void updateColors();
+    bool isNonActivating() const { return m_isNonActivating; }
+
+    // Fades run to completion before returning, so that showing and hiding are atomic.
+    void fadeInOver(double seconds);
+    void fadeOutOver(double seconds);
+    void slideFrameTo(const QRectF& frame, double seconds);
+
+signals:
+    // Escape, Ctrl+W or Ctrl+period when the view did not want the key: the user dismisses the panel.
+    void closeRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void observeDefaults();
+    void applyFrame(const QRectF& frame);
+
+    HVUserDefaults* m_defaults;
+    HVIconView* m_iconView;
+    HVBkgndView* m_background;
+    QWidget* m_overlay;
+    QRectF m_movedFrame;
+    bool m_isNonActivating = false;
+    bool m_useAnimation = false;
+    const float m_borderWidth = 2.0f;
+};
