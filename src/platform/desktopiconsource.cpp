@@ -1,0 +1,133 @@
+#include "desktopiconsource.h"
+
+#include "entryiconname.h"
+#include "iconfilerenderer.h"
+#include "iconthemechoice.h"
+
+#include "catalogue/iconanalysis.h"
+#include "catalogue/iconlogging.h"
+#include "common/xdgpaths.h"
+
+#include <QDir>
+
+DesktopIconSource::Settings DesktopIconSource::userSettings()
+{
+    Settings settings;
+    settings.themes.themeName = IconThemeChoice::currentThemeName();
+    settings.themes.baseFolders = {QDir::homePath() + QStringLiteral("/.icons"),
+                                   XdgPaths::dataHome() + QStringLiteral("/icons")};
+    for (const QString& folder : XdgPaths::dataDirs())
+        settings.themes.baseFolders.append(folder + QStringLiteral("/icons"));
+    settings.themes.pixmapFolders = {QStringLiteral("/usr/share/pixmaps")};
+    settings.cacheFolder = XdgPaths::cacheHome() + QStringLiteral("/Nimbo/icons");
+    return settings;
+}
+
+DesktopIconSource::DesktopIconSource(Settings settings)
+    : m_settings(std::move(settings)), m_cache(m_settings.cacheFolder)
+{}
+
+DesktopIconSource::Counts DesktopIconSource::counts() const
+{
+    return Counts{m_hits.load(), m_colourUpdates.load(), m_renders.load(), m_rejected.load()};
+}
+
+std::shared_ptr<const IconThemeLookup> DesktopIconSource::lookup(quint64* fingerprint)
+{
+    QMutexLocker locker(&m_mutex);
+    if (!m_lookup) {
+        m_lookup = std::make_shared<const IconThemeLookup>(m_settings.themes);
+        m_fingerprint = m_lookup->fingerprint();
+        m_checked.start();
+    } else if (m_checked.hasExpired(m_settings.themeRecheckMs)) {
+        const quint64 now = m_lookup->fingerprint();
+        if (now != m_fingerprint) {
+            // Themes were installed, removed or changed: read them again.
+            m_lookup = std::make_shared<const IconThemeLookup>(m_settings.themes);
+            m_fingerprint = m_lookup->fingerprint();
+        }
+        m_checked.restart();
+    }
+    *fingerprint = m_fingerprint;
+    return m_lookup;
+}
+
+LoadedIcon DesktopIconSource::loadIcon(const IconRequest& request, QString* error)
+{
+    const FileStamp entryStamp = FileStamp::of(request.path);
+    if (!entryStamp.exists) {
+        *error = QStringLiteral("%1 does not exist").arg(request.path);
+        return LoadedIcon();
+    }
+    quint64 fingerprint = 0;
+    const std::shared_ptr<const IconThemeLookup> themes = lookup(&fingerprint);
+    const IconCacheKey key{request.path, request.size, m_settings.themes.themeName};
+    const bool caching = !m_settings.cacheFolder.isEmpty();
+    std::optional<IconCacheEntry> cached;
+    if (caching) {
+        QString why;
+        cached = m_cache.read(key, &why);
+        const bool current = cached && cached->entry == entryStamp &&
+                             cached->themeFingerprint == fingerprint &&
+                             FileStamp::of(cached->iconFile) == cached->icon;
+        if (cached && !current) {
+            why = QStringLiteral("stale");
+            cached.reset();
+        }
+        if (!cached && why != QLatin1String("not cached")) {
+            ++m_rejected;
+            qCDebug(lcIconLoading, "cached icon of %s rebuilt: %s", qUtf8Printable(request.path),
+                    qUtf8Printable(why));
+        }
+    }
+    if (cached) {
+        LoadedIcon icon{cached->image, cached->analysis};
+        if (icon.analysis &&
+            IconAnalysisWork::matches(*icon.analysis, request.colorfulness, request.lightness)) {
+            ++m_hits;
+            return icon;
+        }
+        icon.analysis = IconAnalysisWork::analyse(icon.image, request.colorfulness, request.lightness);
+        cached->analysis = icon.analysis;
+        m_cache.write(key, *cached);
+        ++m_colourUpdates;
+        return icon;
+    }
+    IconCacheEntry entry;
+    entry.entry = entryStamp;
+    entry.themeFingerprint = fingerprint;
+    LoadedIcon icon = render(request, *themes, &entry, error);
+    if (!icon.image.isNull()) {
+        ++m_renders;
+        if (caching)
+            m_cache.write(key, entry);
+    }
+    return icon;
+}
+
+LoadedIcon DesktopIconSource::render(const IconRequest& request, const IconThemeLookup& themes,
+                                     IconCacheEntry* entry, QString* error) const
+{
+    const EntryIcon wanted = EntryIconName::iconForFile(request.path, error);
+    QString file = wanted.filePath;
+    for (qsizetype i = 0; file.isEmpty() && i < wanted.names.size(); ++i)
+        file = themes.findIcon(wanted.names[i], request.size);
+    if (file.isEmpty()) {
+        if (!wanted.isEmpty())
+            *error =
+                QStringLiteral("no icon named %1 in %2 or the pixmaps")
+                    .arg(wanted.names.join(QLatin1Char('/')), themes.themeNames().join(QLatin1String(", ")));
+        return LoadedIcon();
+    }
+    // The time is taken before reading, so a file replaced while it is read is read again next time.
+    entry->iconFile = file;
+    entry->icon = FileStamp::of(file);
+    LoadedIcon icon;
+    icon.image = IconFileRenderer::render(file, request.size, error);
+    if (icon.image.isNull())
+        return icon;
+    icon.analysis = IconAnalysisWork::analyse(icon.image, request.colorfulness, request.lightness);
+    entry->image = icon.image;
+    entry->analysis = icon.analysis;
+    return icon;
+}

@@ -1,0 +1,185 @@
+#include "icondiskcache.h"
+
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <cstring>
+#include <sys/stat.h>
+
+namespace {
+const QByteArray Magic("NimboIcn");
+constexpr int MaxEdge = 1024;
+constexpr int MaxColours = 64;
+// Header, a 128 x 128 icon and its colours come to some 66 kB; anything far larger is not ours.
+constexpr qint64 MaxFileBytes = 8 * 1024 * 1024;
+
+// FNV-1a taken eight bytes at a time: quick enough to check every icon read at start-up.
+quint64 checksum(const char* data, qsizetype length)
+{
+    quint64 hash = 14695981039346656037ull;
+    qsizetype i = 0;
+    for (; i + 8 <= length; i += 8) {
+        quint64 word = 0;
+        std::memcpy(&word, data + i, 8);
+        hash ^= word;
+        hash *= 1099511628211ull;
+        hash ^= hash >> 29;
+    }
+    for (; i < length; ++i) {
+        hash ^= quint8(data[i]);
+        hash *= 1099511628211ull;
+    }
+    return hash;
+}
+
+QDataStream& operator<<(QDataStream& out, const FileStamp& stamp)
+{
+    return out << stamp.exists << stamp.mtimeNs << stamp.size << stamp.inode;
+}
+
+QDataStream& operator>>(QDataStream& in, FileStamp& stamp)
+{
+    return in >> stamp.exists >> stamp.mtimeNs >> stamp.size >> stamp.inode;
+}
+
+QString keyText(const IconCacheKey& key)
+{
+    return key.path + QLatin1Char('\n') + QString::number(key.size) + QLatin1Char('\n') + key.theme;
+}
+
+void writeColour(QDataStream& out, const SpectrumColor& colour)
+{
+    out << colour.luv.c1 << colour.luv.c2 << colour.luv.c3 << colour.luv.alpha << colour.count << colour.hue
+        << colour.saturation << colour.luminosity;
+}
+
+SpectrumColor readColour(QDataStream& in)
+{
+    SpectrumColor colour;
+    in >> colour.luv.c1 >> colour.luv.c2 >> colour.luv.c3 >> colour.luv.alpha >> colour.count >> colour.hue >>
+        colour.saturation >> colour.luminosity;
+    return colour;
+}
+} // namespace
+
+FileStamp FileStamp::of(const QString& path)
+{
+    struct stat info;
+    FileStamp stamp;
+    if (path.isEmpty() || ::stat(QFile::encodeName(path).constData(), &info) != 0)
+        return stamp;
+    stamp.exists = true;
+    stamp.mtimeNs = qint64(info.st_mtim.tv_sec) * 1000000000 + info.st_mtim.tv_nsec;
+    stamp.size = info.st_size;
+    stamp.inode = info.st_ino;
+    return stamp;
+}
+
+IconDiskCache::IconDiskCache(QString folder) : m_folder(std::move(folder)) {}
+
+QString IconDiskCache::fileForKey(const IconCacheKey& key) const
+{
+    const QByteArray digest =
+        QCryptographicHash::hash(keyText(key).toUtf8(), QCryptographicHash::Sha1).toHex();
+    return m_folder + QLatin1Char('/') + QString::fromLatin1(digest) + QStringLiteral(".icon");
+}
+
+std::optional<IconCacheEntry> IconDiskCache::read(const IconCacheKey& key, QString* why) const
+{
+    QString ignored;
+    QString& reason = why ? *why : ignored;
+    QFile file(fileForKey(key));
+    if (!file.open(QIODevice::ReadOnly)) {
+        reason = QStringLiteral("not cached");
+        return std::nullopt;
+    }
+    if (file.size() > MaxFileBytes || file.size() < Magic.size() + 8) {
+        reason = QStringLiteral("wrong size");
+        return std::nullopt;
+    }
+    const QByteArray bytes = file.readAll();
+    const qsizetype bodyLength = bytes.size() - 8;
+    quint64 stored = 0;
+    std::memcpy(&stored, bytes.constData() + bodyLength, 8);
+    if (!bytes.startsWith(Magic) || stored != checksum(bytes.constData(), bodyLength)) {
+        reason = QStringLiteral("damaged");
+        return std::nullopt;
+    }
+    QDataStream in(QByteArray::fromRawData(bytes.constData() + Magic.size(), bodyLength - Magic.size()));
+    quint32 version = 0;
+    QString storedKey;
+    IconCacheEntry entry;
+    in >> version;
+    if (version != Version) {
+        reason = QStringLiteral("another version");
+        return std::nullopt;
+    }
+    in >> storedKey >> entry.entry >> entry.themeFingerprint >> entry.iconFile >> entry.icon;
+    bool analysed = false, hasColours = false;
+    IconAnalysis analysis;
+    quint32 colourCount = 0;
+    in >> analysed >> analysis.colorfulness >> analysis.lightness >> hasColours >> colourCount;
+    if (in.status() != QDataStream::Ok || storedKey != keyText(key) || colourCount > MaxColours) {
+        reason = QStringLiteral("another key or a bad header");
+        return std::nullopt;
+    }
+    std::vector<SpectrumColor> colours;
+    for (quint32 i = 0; i < colourCount; ++i)
+        colours.push_back(readColour(in));
+    if (hasColours)
+        analysis.colors = std::move(colours);
+    if (analysed)
+        entry.analysis = analysis;
+    qint32 width = 0, height = 0;
+    QByteArray pixels;
+    in >> width >> height >> pixels;
+    if (in.status() != QDataStream::Ok || width != key.size || height != key.size || width <= 0 ||
+        width > MaxEdge || pixels.size() != qsizetype(width) * height * 4) {
+        reason = QStringLiteral("bad pixels");
+        return std::nullopt;
+    }
+    entry.image = QImage(width, height, QImage::Format_RGBA8888_Premultiplied);
+    if (entry.image.isNull())
+        return std::nullopt;
+    for (int y = 0; y < height; ++y)
+        std::memcpy(entry.image.scanLine(y), pixels.constData() + qsizetype(y) * width * 4,
+                    size_t(width) * 4);
+    return entry;
+}
+
+bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) const
+{
+    const QImage image = entry.image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    if (image.width() != key.size || image.height() != key.size || key.size > MaxEdge)
+        return false;
+    QByteArray pixels;
+    pixels.reserve(qsizetype(image.width()) * image.height() * 4);
+    for (int y = 0; y < image.height(); ++y)
+        pixels.append(reinterpret_cast<const char*>(image.constScanLine(y)), qsizetype(image.width()) * 4);
+    QByteArray bytes = Magic;
+    {
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly | QIODevice::Append);
+        QDataStream out(&buffer);
+        out << Version << keyText(key) << entry.entry << entry.themeFingerprint << entry.iconFile
+            << entry.icon;
+        const bool hasColours = entry.analysis && entry.analysis->colors;
+        const IconAnalysis analysis = entry.analysis.value_or(IconAnalysis());
+        const quint32 count = hasColours ? quint32(analysis.colors->size()) : 0;
+        out << entry.analysis.has_value() << analysis.colorfulness << analysis.lightness << hasColours
+            << count;
+        for (quint32 i = 0; i < count; ++i)
+            writeColour(out, (*analysis.colors)[i]);
+        out << qint32(image.width()) << qint32(image.height()) << pixels;
+    }
+    const quint64 sum = checksum(bytes.constData(), bytes.size());
+    bytes.append(reinterpret_cast<const char*>(&sum), 8);
+    if (!QDir().mkpath(m_folder))
+        return false;
+    QSaveFile file(fileForKey(key));
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
