@@ -1,0 +1,241 @@
+// The colour table, spectrum and dominant colours: alpha weighting and its truncation, the
+// order of the histogram, grey versus coloured at the threshold, and the merge and drop rules.
+#include "colourtesthelpers.h"
+
+#include "colour/colorconversions.h"
+#include "colour/colorhistogram.h"
+#include "colour/gammatables.h"
+#include "colour/huebins.h"
+
+#include <cmath>
+
+namespace {
+SpectrumColor bin(double l, double u, double v, quint64 count)
+{
+    SpectrumColor c;
+    c.luv = {l, u, v, 1.0};
+    c.count = count;
+    SetSpectrumColorPolarValues(&c);
+    return c;
+}
+
+// The spectrum bin a colour of these bytes falls into.
+int binOf(const std::vector<SpectrumColor>& spectrum)
+{
+    int found = -1;
+    for (size_t i = 0; i < spectrum.size(); ++i) {
+        if (spectrum[i].count != 0) {
+            if (found >= 0)
+                return -2;
+            found = int(i);
+        }
+    }
+    return found;
+}
+} // namespace
+
+class TestDominantColors : public QObject
+{
+    Q_OBJECT
+private slots:
+    void alphaWeightsAndTruncates()
+    {
+        // Each pixel weighs its alpha byte; the sums are divided by 255 with truncation.
+        auto countOf = [](int pixels) {
+            QImage image = filledBitmap(pixels, 1, 40, 20, 10, 100);
+            return ColorHistogramFromBitmap(HVBitmapRep::fromImage(image))->at(0).count;
+        };
+        QCOMPARE(countOf(2), quint64(0)); // 200 / 255
+        QCOMPARE(countOf(3), quint64(1)); // 300 / 255
+        QCOMPARE(countOf(128), quint64(50));
+
+        QImage mixed = filledBitmap(2, 2, 9, 9, 9, 0); // fully transparent pixels are skipped
+        setPixelBytes(&mixed, 1, 1, 200, 0, 0, 255);
+        const auto rows = ColorHistogramFromBitmap(HVBitmapRep::fromImage(mixed));
+        QCOMPARE(rows->size(), size_t(1));
+        QCOMPARE(rows->at(0).count, quint64(1));
+        QCOMPARE(int(rows->at(0).alpha), 255);
+
+        // Without alpha every pixel counts 1.
+        QImage opaque(3, 2, QImage::Format_RGB888);
+        opaque.fill(QColor(1, 2, 3));
+        QCOMPARE(ColorHistogramFromBitmap(HVBitmapRep::fromImage(opaque))->at(0).count, quint64(6));
+    }
+
+    void histogramFollowsBucketsAndChains()
+    {
+        // (10, 20, 30) and (0, 174, 138) share bucket 36884; (1, 0, 0) hashes lower.
+        QCOMPARE(ColorHashTable::bucketOf(10, 20, 30), 36884);
+        QCOMPARE(ColorHashTable::bucketOf(0, 174, 138), 36884);
+        QVERIFY(ColorHashTable::bucketOf(1, 0, 0) < 36884);
+        QImage image = filledBitmap(2, 2, 10, 20, 30);
+        setPixelBytes(&image, 0, 1, 0, 174, 138); // visited second: columns outer, rows inner
+        setPixelBytes(&image, 1, 0, 1, 0, 0);
+        setPixelBytes(&image, 1, 1, 10, 20, 30);
+        const auto rows = ColorHistogramFromBitmap(HVBitmapRep::fromImage(image));
+        QCOMPARE(rows->size(), size_t(3));
+        QCOMPARE(int(rows->at(0).red), 1);
+        QCOMPARE(int(rows->at(1).green), 174); // the newer colour heads its chain
+        QCOMPARE(int(rows->at(2).blue), 30);
+        QCOMPARE(rows->at(2).count, quint64(2));
+    }
+
+    void greyAndDeepBitmaps()
+    {
+        QImage grey(3, 1, QImage::Format_Grayscale8);
+        grey.scanLine(0)[0] = 90, grey.scanLine(0)[1] = 7, grey.scanLine(0)[2] = 90;
+        const auto rows = ColorHistogramFromBitmap(HVBitmapRep::fromImage(grey));
+        QCOMPARE(rows->size(), size_t(2));
+        QCOMPARE((QList<int>{rows->at(0).red, rows->at(0).green, rows->at(0).blue}), (QList<int>{7, 7, 7}));
+        QCOMPARE(rows->at(1).count, quint64(2));
+
+        // 16-bit samples are read by their first byte, the low byte on this machine.
+        QImage deep(1, 1, QImage::Format_RGBA64);
+        quint16* p = reinterpret_cast<quint16*>(deep.scanLine(0));
+        p[0] = 0x1234, p[1] = 0x5678, p[2] = 0x9abc, p[3] = 0xffff;
+        const auto deepRows = ColorHistogramFromBitmap(HVBitmapRep::fromImage(deep));
+        const int firstByte = reinterpret_cast<const uchar*>(p)[0];
+        QCOMPARE(int(deepRows->at(0).red), firstByte);
+        QCOMPARE(deepRows->at(0).count, quint64(1)); // alpha byte 0xff
+    }
+
+    void failuresAreReportedOnStandardError()
+    {
+        StderrCapture capture;
+        const auto none = HVBitmapRep::fromImage(filledBitmap(4, 4, 0, 0, 0, 0))
+                              .createDominantColorsWithCount(6, 0.14, 0.02, 50);
+        QVERIFY(!none);
+        QCOMPARE(capture.text(), QByteArray("\nzero colors specified for histogram"));
+
+        // A layout that claims more bytes than there are is not read.
+        HVBitmapLayout tooBig;
+        tooBig.pixelsWide = 100, tooBig.pixelsHigh = 100, tooBig.samplesPerPixel = 4,
+        tooBig.bitsPerSample = 8;
+        tooBig.bitsPerPixel = 32, tooBig.bytesPerRow = 400, tooBig.hasAlpha = true;
+        tooBig.colorSpaceModel = HVColorSpaceModelRGB;
+        QVERIFY(!HVBitmapRep::withLayout(tooBig, QByteArray(64, '\x7f'))
+                     .createDominantColorsWithCount(6, 0.14, 0, 50));
+    }
+
+    void greyTestAtTheThreshold()
+    {
+        // Just below the grey limit: grey; just above it: coloured, even for a colour that
+        // looks grey. Dark colours need far more chroma than light ones.
+        const struct
+        {
+            uchar r, g, b;
+            int bin;
+        } cases[] = {{129, 129, 128, 360}, {148, 147, 147, 12}, {248, 248, 248, 22},
+                     {40, 0, 0, 360},      {0, 0, 0, 360},      {255, 0, 0, 12}};
+        for (const auto& c : cases) {
+            const auto spectrum =
+                HVBitmapRep::fromImage(filledBitmap(2, 2, c.r, c.g, c.b)).createColorSpectrum();
+            QCOMPARE(spectrum.size(), size_t(361));
+            QCOMPARE(binOf(spectrum), c.bin);
+        }
+    }
+
+    void spectrumMeansWeighByCount()
+    {
+        QImage image = filledBitmap(4, 1, 200, 0, 0);
+        setPixelBytes(&image, 3, 0, 190, 0, 0);
+        const auto spectrum = HVBitmapRep::fromImage(image).createColorSpectrum();
+        const auto table = LinearRGB_Float_From_GammaRGB_UInt8(2.2);
+        auto luvOf = [&table](int r) {
+            return Luv_From_XYZ(XYZ_From_LinearRGB({table->values[r], 0.0, 0.0, 1.0}));
+        };
+        // 190 hashes before 200, so it enters the bin first.
+        QVERIFY(ColorHashTable::bucketOf(190, 0, 0) < ColorHashTable::bucketOf(200, 0, 0));
+        const SpectrumColor& red = spectrum[12];
+        QCOMPARE(red.count, quint64(4));
+        QCOMPARE_EXACT(red.luv.c1, (1.0f * luvOf(190).c1 + 3.0f * luvOf(200).c1) / 4.0f);
+        QCOMPARE_EXACT(red.luv.alpha, 1.0);
+        QCOMPARE_EXACT(red.luminosity, red.luv.c1 / 100.0);
+        QCOMPARE_EXACT(spectrum[100].count + spectrum[100].hue + spectrum[100].luv.alpha, 0.0);
+    }
+
+    void whiteSurvivesAsAColourOfNoSaturation()
+    {
+        const auto white = HVBitmapRep::fromImage(filledBitmap(8, 8, 255, 255, 255))
+                               .createDominantColorsWithCount(6, 0.14, 0.02, 50);
+        QCOMPARE(white->size(), size_t(1));
+        QCOMPARE(white->at(0).count, quint64(64));
+        QVERIFY(white->at(0).saturation < 0.001 && white->at(0).luminosity > 1.0);
+    }
+
+    void mergeRules()
+    {
+        // Equal hue and chroma, different lightness: the same colour to the merge.
+        std::vector<SpectrumColor> reds{bin(20.0, 60.0, 10.0, 300), bin(80.0, 60.0, 10.0, 100)};
+        const auto merged = DominantColorsFromSpectrum(reds, 6, 0.14, 50.0);
+        QCOMPARE(merged->size(), size_t(1));
+        QCOMPARE(merged->at(0).count, quint64(400));
+        QCOMPARE_EXACT(merged->at(0).luv.c1, 35.0);
+
+        // A grey bin and a coloured bin never merge, however close.
+        std::vector<SpectrumColor> apart{bin(50.0, 14.5, 0.0, 100), bin(50.0, 13.5, 0.0, 100)};
+        QCOMPARE(DominantColorsFromSpectrum(apart, 6, 0.14, 50.0)->size(), size_t(2));
+
+        // Greys merge whatever their hue and become hue 0, saturation 0.
+        std::vector<SpectrumColor> greys{bin(90.0, 5.0, 5.0, 100), bin(10.0, -5.0, 0.0, 300),
+                                         bin(50.0, 0.0, 0.0, 100)};
+        const auto grey = DominantColorsFromSpectrum(greys, 6, 0.14, 50.0);
+        QCOMPARE(grey->size(), size_t(1));
+        QCOMPARE(grey->at(0).count, quint64(500));
+        QCOMPARE_EXACT(grey->at(0).saturation + grey->at(0).hue + grey->at(0).luv.c2, 0.0);
+        QCOMPARE_EXACT(grey->at(0).luminosity, grey->at(0).luv.c1 / 100.0);
+
+        // Far apart in u*v*: kept apart.
+        std::vector<SpectrumColor> far{bin(50.0, 80.0, 0.0, 100), bin(50.0, -80.0, 0.0, 100)};
+        QCOMPARE(DominantColorsFromSpectrum(far, 6, 0.14, 50.0)->size(), size_t(2));
+    }
+
+    void greyOrNotIsDecidedWhenATurnBegins()
+    {
+        // The first bin is coloured when its turn begins; merging a close colour brings its
+        // saturation below the minimum, yet it still does not merge with the grey that follows.
+        std::vector<SpectrumColor> bins{bin(50.0, 20.0, 0.0, 1000), bin(50.0, -15.0, 0.0, 1000),
+                                        bin(50.0, 5.0, 0.0, 10)};
+        const quint32 total = MergeSpectrumBins(bins, 0.14, 50.0);
+        QCOMPARE(total, quint32(2010));
+        QCOMPARE(bins[0].count, quint64(2000));
+        QVERIFY(bins[0].saturation < 0.14);
+        QCOMPARE(bins[1].count, quint64(0));
+        QCOMPARE(bins[2].count, quint64(10));
+    }
+
+    void smallBinsAreDropped()
+    {
+        std::vector<SpectrumColor> bins{bin(50.0, 0.0, 0.0, 996), bin(50.0, 80.0, 0.0, 4)};
+        const auto kept = DominantColorsFromSpectrum(bins, 6, 0.14, 50.0);
+        QCOMPARE(kept->size(), size_t(1)); // 0.4 %: dropped, though it is the only colour
+        QCOMPARE_EXACT(kept->at(0).saturation, 0.0);
+
+        // Exactly 0.5 % in single precision is 0.004999999888 and so also below 0.005.
+        std::vector<SpectrumColor> edge{bin(50.0, 0.0, 0.0, 995), bin(50.0, 80.0, 0.0, 5)};
+        QCOMPARE(DominantColorsFromSpectrum(edge, 6, 0.14, 50.0)->size(), size_t(1));
+        std::vector<SpectrumColor> above{bin(50.0, 0.0, 0.0, 994), bin(50.0, 80.0, 0.0, 6)};
+        QCOMPARE(DominantColorsFromSpectrum(above, 6, 0.14, 50.0)->size(), size_t(2));
+    }
+
+    void countAndMinimumLuminosity()
+    {
+        std::vector<SpectrumColor> three{bin(50.0, 80.0, 0.0, 100), bin(50.0, -80.0, 0.0, 100),
+                                         bin(50.0, 0.0, 80.0, 100), SpectrumColor(), SpectrumColor()};
+        QCOMPARE(DominantColorsFromSpectrum(three, 6, 0.14, 50.0)->size(), size_t(3));
+        QCOMPARE(DominantColorsFromSpectrum(three, 2, 0.14, 50.0)->size(), size_t(2));
+        QVERIFY(DominantColorsFromSpectrum(three, 0, 0.14, 50.0)->empty());
+
+        QImage image = filledBitmap(10, 10, 30, 120, 200);
+        setPixelBytes(&image, 0, 0, 250, 200, 10);
+        const HVBitmapRep rep = HVBitmapRep::fromImage(image);
+        const auto a = rep.createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+        const auto b = rep.createDominantColorsWithCount(6, 0.14, 0.9, 50.0);
+        QCOMPARE(a->size(), b->size());
+        for (size_t i = 0; i < a->size(); ++i)
+            QCOMPARE_EXACT(a->at(i).luv.c1, b->at(i).luv.c1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDominantColors)
+#include "tst_dominantcolors.moc"
