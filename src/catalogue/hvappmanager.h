@@ -167,8 +167,33 @@ public:
     Q_INVOKABLE void observe_colorSortGraysBySecondaryColor(const QVariantMap& change);
     Q_INVOKABLE void observe_sortRunningByLaunchOrder(const QVariantMap& change);
 
-    // Running applications (hvappmanager_running.cpp).
+    // ---- Running applications (hvappmanager_running.cpp) ----
+    // Gives the catalogue the desktop's running applications (not owned; null: none run). The
+    // running list is filled at once and the then-active application starts the front order;
+    // from then on launches and terminations rebuild the list and front switches reorder it.
+    void setRunningAppsSource(class RunningAppsSource* source);
+    class RunningAppsSource* runningAppsSource() const { return m_runningSource; }
     void runningAppsListDidChange();
+    // One record per running application, in the source's (launch) order.
+    HVAppBunch launchedHVApps();
+    bool isAppRunning(const HVAppRef& app) const;
+    HVAppRef activeApp();
+    // The most recent front application that is not this program.
+    HVAppRef lastActiveApp() const;
+    void quitApp(const HVAppRef& app);
+    void handleAppFrontSwitched();
+    void handleAppLaunched();
+    void handleAppTerminated();
+    // The record that exists for the path, without making one (null when none does); the
+    // platform layer announces a missing application with it.
+    HVAppRef liveRecordForPath(const QString& path) const;
+
+private:
+    HVAppRef recordForRunningApplication(const struct RunningApplication& running);
+    class RunningAppsSource* m_runningSource = nullptr;
+
+public:
+    // ---- end of running applications ----
 
     // Scanning (hvappmanager_scanning.cpp).
     void rescanAllAppsPrioritizingGroup(int group);

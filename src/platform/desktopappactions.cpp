@@ -1,0 +1,186 @@
+// GIO's headers name a field "signals", which Qt defines as a keyword: they come first.
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+#include "desktopappactions.h"
+
+#include "filemanagerreveal.h"
+#include "procfs.h"
+
+#include "common/hvnotificationcenter.h"
+#include "common/notificationnames.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <QThread>
+
+#include <csignal>
+
+namespace {
+const char AppstreamHandler[] = "x-scheme-handler/appstream";
+
+QString desktopIdOf(const QString& entryPath)
+{
+    QString id;
+    if (GDesktopAppInfo* info =
+            g_desktop_app_info_new_from_filename(QFile::encodeName(entryPath).constData())) {
+        if (const char* gioId = g_app_info_get_id(G_APP_INFO(info)))
+            id = QString::fromUtf8(gioId);
+        g_object_unref(info);
+    }
+    return id.isEmpty() ? QFileInfo(entryPath).fileName() : id;
+}
+
+bool handlesAppstream(GDesktopAppInfo* remover)
+{
+    const char* const* types = g_app_info_get_supported_types(G_APP_INFO(remover));
+    for (; types && *types; ++types) {
+        if (qstrcmp(*types, AppstreamHandler) == 0)
+            return true;
+    }
+    return false;
+}
+} // namespace
+
+DesktopAppActions::DesktopAppActions(std::shared_ptr<X11RunningApps> windows,
+                                     std::shared_ptr<LaunchedProcesses> launched, QStringList environment)
+    : m_windows(std::move(windows)),
+      m_launched(launched ? std::move(launched) : std::make_shared<LaunchedProcesses>()),
+      m_launcher(m_launched, std::move(environment))
+{}
+
+bool DesktopAppActions::launch(HVApp& app, const std::optional<QList<QUrl>>& items)
+{
+    const QString path = app.path();
+    if ((!items || items->isEmpty()) && m_windows && m_windows->activateApplication(path))
+        return true;
+    QByteArrayList uris;
+    for (const QUrl& item : items.value_or(QList<QUrl>()))
+        uris.append(item.toEncoded());
+    const LaunchOutcome outcome = m_launcher.launch(path, uris);
+    if (outcome.ok())
+        return true;
+    const QByteArray url = app.url().toEncoded();
+    qWarning("%s returned err: %ld for URL: %s", outcome.call, outcome.status, url.constData());
+    if (outcome.status == LaunchOutcome::Missing)
+        announceMissing(path);
+    return false;
+}
+
+void DesktopAppActions::announceMissing(const QString& path)
+{
+    auto post = [this, path] {
+        HVAppRef record = m_lookup ? m_lookup(path) : nullptr;
+        if (!record)
+            record = std::make_shared<HVApp>(path);
+        HVNotificationCenter::defaultCenter()->postNotificationName(HVNotificationNames::AppIsMissing,
+                                                                    QVariant::fromValue(record));
+    };
+    // The catalogue answers on the main thread; launching runs on a worker.
+    QCoreApplication* application = QCoreApplication::instance();
+    if (application && QThread::currentThread() != application->thread())
+        QMetaObject::invokeMethod(application, post, Qt::QueuedConnection);
+    else
+        post();
+}
+
+bool DesktopAppActions::pid(const HVApp& app, qint64* pid) const
+{
+    const qint64 found = m_windows ? m_windows->pidOfApplication(app.path()) : 0;
+    if (pid)
+        *pid = found;
+    return found > 0;
+}
+
+bool DesktopAppActions::isVisible(const HVApp& app) const
+{
+    return m_windows && m_windows->isApplicationVisible(app.path());
+}
+
+void DesktopAppActions::show(const HVApp& app)
+{
+    if (m_windows)
+        m_windows->showApplication(app.path());
+}
+
+void DesktopAppActions::hide(const HVApp& app)
+{
+    if (m_windows)
+        m_windows->hideApplication(app.path());
+}
+
+bool DesktopAppActions::activate(const HVApp& app)
+{
+    return m_windows && m_windows->activateApplication(app.path());
+}
+
+void DesktopAppActions::quit(const HVApp& app)
+{
+    if (!m_windows || m_windows->closeApplication(app.path()) == 0)
+        terminateProcessesOf(app.path());
+}
+
+// An application without windows is asked to end through its processes: those Nimbo launched
+// from the entry and those GIO launched from it, as their environment tells; never others.
+void DesktopAppActions::terminateProcessesOf(const QString& entryPath)
+{
+    QSet<qint64> pids;
+    for (qint64 pid : m_launched->pidsForEntry(entryPath))
+        pids.insert(pid);
+    const QByteArray entry = QFile::encodeName(entryPath);
+    for (qint64 pid : ProcFs::allPids()) {
+        if (ProcFs::environmentValue(pid, "GIO_LAUNCHED_DESKTOP_FILE") == entry &&
+            ProcFs::environmentValue(pid, "GIO_LAUNCHED_DESKTOP_FILE_PID").toLongLong() == pid &&
+            ProcFs::isLiveProcessOfUser(pid))
+            pids.insert(pid);
+    }
+    for (qint64 pid : std::as_const(pids))
+        ::kill(pid_t(pid), SIGTERM);
+}
+
+void DesktopAppActions::revealInFinder(const HVApp& app)
+{
+    FileManagerReveal::reveal(app.path());
+}
+
+QByteArray DesktopAppActions::appstreamUriForEntry(const QString& entryPath)
+{
+    QString id = desktopIdOf(entryPath);
+    if (id.endsWith(QLatin1String(".desktop")))
+        id.chop(8);
+    return "appstream://" + QUrl::toPercentEncoding(id, "-._~");
+}
+
+bool DesktopAppActions::sendForDeletion(const HVApp& app, const QString& removerIdentifier)
+{
+    GDesktopAppInfo* remover = g_desktop_app_info_new(removerIdentifier.toUtf8().constData());
+    if (!remover) {
+        qWarning("The application remover \"%s\" is not installed", qPrintable(removerIdentifier));
+        return false;
+    }
+    const QString removerPath = QFile::decodeName(g_desktop_app_info_get_filename(remover));
+    const bool handles = handlesAppstream(remover);
+    g_object_unref(remover);
+    if (!handles) {
+        qWarning("The application remover \"%s\" does not open %s links", qPrintable(removerIdentifier),
+                 AppstreamHandler);
+        return false;
+    }
+    const QByteArray uri = appstreamUriForEntry(app.path());
+    const LaunchOutcome outcome = m_launcher.launch(removerPath, {uri});
+    if (!outcome.ok())
+        qWarning("%s returned err: %ld for URL: %s", outcome.call, outcome.status, uri.constData());
+    return outcome.ok();
+}
+
+bool DesktopAppActions::canAcceptURL(const HVApp& app, const QUrl& item) const
+{
+    return m_mime.canAccept(app.path(), item);
+}
+
+bool DesktopAppActions::prefersURL(const HVApp& app, const QUrl& item) const
+{
+    return m_mime.prefers(app.path(), item);
+}

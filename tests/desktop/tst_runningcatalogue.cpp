@@ -1,0 +1,210 @@
+// The catalogue's running list, front order and last active application, fed by a source
+// whose answers the test sets.
+#include "desktopfixture.h"
+
+#include "catalogue/hvappmanager.h"
+#include "catalogue/runningappssource.h"
+#include "common/hvuserdefaults.h"
+
+#include <QSignalSpy>
+
+namespace {
+class FakeSource : public RunningAppsSource
+{
+public:
+    QList<RunningApplication> apps;
+    QString active;
+    QString own = QStringLiteral("/own/nimbo.desktop");
+
+    QList<RunningApplication> runningApplications() const override { return apps; }
+    QString activeApplicationPath() const override { return active; }
+    QString ownApplicationPath() const override { return own; }
+
+    void run(const QStringList& paths)
+    {
+        apps.clear();
+        for (const QString& path : paths)
+            apps.append({path, QString(), QImage()});
+        emit applicationLaunched();
+    }
+    void bringToFront(const QString& path)
+    {
+        active = path;
+        emit frontApplicationSwitched();
+    }
+};
+
+QStringList pathsOf(const HVAppBunch& apps)
+{
+    QStringList paths;
+    for (const HVAppRef& app : apps)
+        paths.append(app->path());
+    return paths;
+}
+} // namespace
+
+class TestRunningCatalogue : public QObject
+{
+    Q_OBJECT
+public:
+    explicit TestRunningCatalogue(DesktopFixture& fixture) : m_fixture(fixture) {}
+
+private:
+    DesktopFixture& m_fixture;
+    int m_configs = 0;
+    std::unique_ptr<HVUserDefaults> m_defaults;
+    std::unique_ptr<HVAppManager> m_manager;
+    std::unique_ptr<FakeSource> m_source;
+
+    HVAppManager& manager() { return *m_manager; }
+
+private slots:
+    void init()
+    {
+        const QString conf = m_fixture.env().root() + QStringLiteral("/conf%1/Nimbo.conf").arg(++m_configs);
+        m_defaults = std::make_unique<HVUserDefaults>(conf);
+        m_manager = std::make_unique<HVAppManager>(m_defaults.get());
+        m_source = std::make_unique<FakeSource>();
+    }
+    void cleanup()
+    {
+        m_manager.reset();
+        m_source.reset();
+        m_defaults.reset();
+    }
+
+    void givingTheSourceFillsTheListAndStartsTheFrontOrder()
+    {
+        m_source->apps = {{"/a/B.desktop", {}, {}}, {"/a/A.desktop", {}, {}}};
+        m_source->active = "/a/A.desktop";
+        QSignalSpy changes(m_manager.get(), &HVAppManager::didChange);
+        manager().setRunningAppsSource(m_source.get());
+        QCOMPARE(pathsOf(manager().runningApps()), QStringList({"/a/B.desktop", "/a/A.desktop"}));
+        QCOMPARE(pathsOf(manager().frontApps()), QStringList({"/a/A.desktop"}));
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(changes.first().first().toStringList(), QStringList({"runningApps"}));
+    }
+
+    void runningRecordsAreTheCataloguesOwnAndSurviveRebuilds()
+    {
+        const HVAppRef catalogued = manager().appForPath("/a/A.desktop");
+        catalogued->setIcon(QImage(4, 4, QImage::Format_ARGB32));
+        manager().setRunningAppsSource(m_source.get());
+        m_source->run({"/a/A.desktop", "/a/B.desktop"});
+        QCOMPARE(manager().runningApps().first().get(), catalogued.get());
+        const HVAppRef b = manager().runningApps().at(1);
+        m_source->run({"/a/C.desktop", "/a/B.desktop"});
+        QCOMPARE(manager().runningApps().at(1).get(), b.get());
+        // Running records do not join the everything-set by running.
+        QVERIFY(!manager().everythingSet().contains(b));
+        // A record made later for the same path is the running one.
+        QCOMPARE(manager().appForPath("/a/B.desktop").get(), b.get());
+    }
+
+    void programsWithoutEntryTakeTheirWindowsNameAndIcon()
+    {
+        QImage red(8, 8, QImage::Format_ARGB32);
+        red.fill(Qt::red);
+        m_source->apps = {{"/usr/bin/xeyes", "XEyes", red}};
+        manager().setRunningAppsSource(m_source.get());
+        const HVAppRef eyes = manager().runningApps().value(0);
+        QVERIFY(eyes);
+        QCOMPARE(eyes->name(), QString("XEyes"));
+        QCOMPARE(eyes->icon().pixel(3, 3), QColor(Qt::red).rgb());
+    }
+
+    void listFollowsLaunchOrderOrTheSortOrder()
+    {
+        manager().setRunningAppsSource(m_source.get());
+        m_defaults->setInteger(HVAppManager::SortByName, "groupContentsSortOrder");
+        m_source->run({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop"});
+        QCOMPARE(pathsOf(manager().runningApps()),
+                 QStringList({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop"}));
+        m_defaults->setBool(false, "sortRunningByLaunchOrder");
+        m_source->run({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop", "/x/Beta.desktop"});
+        QCOMPARE(pathsOf(manager().runningApps()),
+                 QStringList({"/x/Alpha.desktop", "/x/Beta.desktop", "/x/Mid.desktop", "/x/Zed.desktop"}));
+        emit m_source->applicationTerminated();
+        QCOMPARE(manager().runningApps().first()->path(), QString("/x/Alpha.desktop"));
+    }
+
+    void frontOrderHoldsEachAppOnceTheLatestLast()
+    {
+        manager().setRunningAppsSource(m_source.get());
+        m_source->run({"/a/A.desktop", "/a/B.desktop", "/a/C.desktop"});
+        for (const char* path :
+             {"/a/A.desktop", "/a/B.desktop", "/a/A.desktop", "/a/B.desktop", "/a/C.desktop", "/a/B.desktop"})
+            m_source->bringToFront(path);
+        QCOMPARE(pathsOf(manager().frontApps()),
+                 QStringList({"/a/A.desktop", "/a/C.desktop", "/a/B.desktop"}));
+        // Front records are the running list's own.
+        QCOMPARE(manager().frontApps().last().get(), manager().runningApps().at(1).get());
+        // An application that stops running leaves the front order.
+        m_source->apps.removeAt(1);
+        emit m_source->applicationTerminated();
+        QCOMPARE(pathsOf(manager().frontApps()), QStringList({"/a/A.desktop", "/a/C.desktop"}));
+        // Nothing in front changes nothing.
+        m_source->bringToFront(QString());
+        QCOMPARE(manager().frontApps().size(), 2);
+    }
+
+    void lastActiveAppSkipsThisProgram()
+    {
+        const QString own = m_source->own;
+        manager().setRunningAppsSource(m_source.get());
+        QVERIFY(!manager().lastActiveApp());
+        m_source->run({"/a/A.desktop", own, "/a/B.desktop"});
+        m_source->bringToFront("/a/A.desktop");
+        m_source->bringToFront(own);
+        QCOMPARE(manager().lastActiveApp()->path(), QString("/a/A.desktop"));
+    }
+
+    void lastActiveAppFallsBackOnTheRunningList()
+    {
+        const QString own = m_source->own;
+        m_source->active = own;
+        m_source->apps = {{"/a/A.desktop", {}, {}}, {"/a/B.desktop", {}, {}}, {own, {}, {}}};
+        manager().setRunningAppsSource(m_source.get());
+        // Only this program came to the front: the latest launched other application.
+        QCOMPARE(manager().lastActiveApp()->path(), QString("/a/B.desktop"));
+        // When this program is all that runs, the walk ends at the first record: this program.
+        m_source->run({own});
+        QCOMPARE(manager().lastActiveApp()->path(), own);
+    }
+
+    void activeAppOutsideTheRunningList()
+    {
+        manager().setRunningAppsSource(m_source.get());
+        m_source->run({"/a/A.desktop"});
+        m_source->active = "/a/Panel.desktop";
+        const HVAppRef active = manager().activeApp();
+        QCOMPARE(active->path(), QString("/a/Panel.desktop"));
+        QVERIFY(!manager().isAppRunning(active));
+        m_source->active = "/a/A.desktop";
+        QCOMPARE(manager().activeApp().get(), manager().runningApps().first().get());
+    }
+
+    void isAppRunningComparesPaths()
+    {
+        manager().setRunningAppsSource(m_source.get());
+        m_source->run({"/a/A.desktop"});
+        QVERIFY(manager().isAppRunning(std::make_shared<HVApp>("/a/./A.desktop")));
+        QVERIFY(!manager().isAppRunning(std::make_shared<HVApp>("/a/a.desktop")));
+        QVERIFY(!manager().isAppRunning(nullptr));
+    }
+
+    void aSourceThatGoesAwayLeavesNothingRunning()
+    {
+        manager().setRunningAppsSource(m_source.get());
+        m_source->run({"/a/A.desktop"});
+        m_source.reset();
+        QVERIFY(!manager().runningAppsSource());
+        manager().runningAppsListDidChange();
+        QVERIFY(manager().runningApps().isEmpty());
+        QVERIFY(!manager().activeApp());
+        QVERIFY(manager().frontApps().isEmpty());
+    }
+};
+
+NIMBO_DESKTOP_TEST_MAIN(TestRunningCatalogue, QCoreApplication)
+#include "tst_runningcatalogue.moc"
