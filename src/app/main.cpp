@@ -18,6 +18,8 @@ int main(int argc, char* argv[])
         return 0; // the running Nimbo shows itself
 
     HVController controller;
+    QObject::connect(&controller, &HVController::quitRequested, &app, &QApplication::quit,
+                     Qt::QueuedConnection);
     if (!controller.registerBusService())
         qWarning("Nimbo could not take its name on the session bus; nimboctl cannot reach this instance");
     controller.awakeFromNib();

@@ -111,6 +111,12 @@ bool GlobalHotKey::nativeEventFilter(const QByteArray& eventType, void* message,
     const quint16 relevant = key->state & ~(XCB_MOD_MASK_2 | XCB_MOD_MASK_LOCK);
     if (key->detail != m_keycode || relevant != m_modifiers)
         return false;
+    // The press started a keyboard grab that would last until the keys come up; ending it now
+    // lets the window manager's focus changes reach the panel as ordinary ones.
+    if (xcb_connection_t* c = connection()) {
+        xcb_ungrab_keyboard(c, key->time);
+        xcb_flush(c);
+    }
     emit pressed();
     return true;
 }

@@ -224,8 +224,7 @@ void HVController::quitApp()
 void HVController::terminate()
 {
     m_defaults->synchronize();
-    emit quitRequested();
-    QCoreApplication::quit();
+    emit quitRequested(); // the application's main loop ends on this
 }
 
 void HVController::showAlert(const QString& message, const QString& informativeText)

@@ -9,9 +9,11 @@
 #include "common/notificationnames.h"
 #include "platform/panelwindowhints.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <cmath>
@@ -228,6 +230,17 @@ void HVWindow::showPanel()
         PanelWindowHints::requestActivation(this);
     }
     setFocus();
+    adoptWindowSystemFocus();
+    QTimer::singleShot(250, this, &HVWindow::adoptWindowSystemFocus);
+}
+
+void HVWindow::adoptWindowSystemFocus()
+{
+    // Hidden and shown again quickly, the focus can come back before the toolkit has let it go:
+    // the window system then calls the panel focused while the widgets still think nothing is
+    // active, and typed letters would go nowhere.
+    if (isVisible() && QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow())
+        QApplication::setActiveWindow(this);
 }
 
 void HVWindow::hidePanel()

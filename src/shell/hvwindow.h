@@ -71,6 +71,7 @@ protected:
 private:
     void observeDefaults();
     void applyFrame(const QRectF& frame);
+    void adoptWindowSystemFocus();
 
     HVUserDefaults* m_defaults;
     HVIconView* m_iconView;

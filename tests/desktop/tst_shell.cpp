@@ -1,0 +1,181 @@
+// The panel as a user meets it, on a real X server with a real window manager: the hot key
+// (pressed with xdotool), Escape, losing the focus to another window, the remembered group,
+// a second nimbo, nimboctl, and quitting.
+#include "support/testenvironment.h"
+
+#include "browser/hviconview.h"
+#include "common/hvuserdefaults.h"
+#include "shell/hvcontroller.h"
+#include "shell/hvwindow.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
+
+bool xdotool(const QStringList& args)
+{
+    return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
+}
+} // namespace
+
+class TestShell : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    std::unique_ptr<HVUserDefaults> defaults;
+    std::unique_ptr<HVController> controller;
+
+    HVWindow* panel() { return controller->mainWindow(); }
+
+    void writeEntry(const QString& id, const QString& name, const QString& exec)
+    {
+        env.writeFile(
+            "data/applications/" + id + ".desktop",
+            QString("[Desktop Entry]\nType=Application\nName=%1\nExec=%2\n").arg(name, exec).toUtf8());
+    }
+
+private slots:
+    void initTestCase()
+    {
+        writeEntry("clock", "Clock", "xclock");
+        writeEntry("eyes", "Eyes", "xeyes");
+        writeEntry("terminal", "Terminal", "xterm");
+        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        controller = std::make_unique<HVController>(defaults.get());
+        controller->awakeFromNib();
+        controller->applicationWillFinishLaunching();
+        controller->applicationDidFinishLaunching();
+        // The panel opens at launch, centred on the screen.
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY(qAbs(panel()->geometry().center().x() - screen.center().x()) <= 1);
+        QVERIFY(qAbs(panel()->geometry().center().y() - screen.center().y()) <= 1);
+        QCOMPARE(controller->iconView()->groupToShow(), 1);
+        QCOMPARE(defaults->integerForKey("applicationLaunchCount"), 1);
+    }
+
+    void hotKeyHidesAndShowsThePanel()
+    {
+        QVERIFY(xdotool({"key", "ctrl+Tab"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+        QVERIFY(xdotool({"key", "ctrl+Tab"}));
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
+    }
+
+    void escapeHides()
+    {
+        QVERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+        QVERIFY(xdotool({"key", "Escape"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+    }
+
+    void theGroupShownLastIsRemembered()
+    {
+        defaults->setInteger(-1, "groupToShowWhenWindowOpens");
+        defaults->setInteger(3, "groupShownWhenWindowClosed");
+        controller->showHideMainWindow();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QCOMPARE(controller->iconView()->groupToShow(), 3);
+        controller->iconView()->setGroupToShow(2);
+        controller->explicitHideMainWindow();
+        QCOMPARE(defaults->integerForKey("groupShownWhenWindowClosed"), 2);
+        controller->showHideMainWindow();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QCOMPARE(controller->iconView()->groupToShow(), 2);
+        defaults->setInteger(1, "groupToShowWhenWindowOpens");
+    }
+
+    void losingTheFocusHidesUnlessThePanelWasDraggedAside()
+    {
+        // A window that takes the keyboard focus when activated (xclock would not).
+        QProcess other;
+        other.start("xterm", {"-name", "otherwindow"});
+        QVERIFY(other.waitForStarted());
+        QVERIFY(xdotool(
+            {"search", "--sync", "--onlyvisible", "--classname", "otherwindow", "windowactivate", "--sync"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+
+        // Shown again and dragged aside, it stays when the focus goes, for a while.
+        controller->showHideMainWindow();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
+        panel()->move(panel()->pos() + QPoint(200, 120));
+        QTRY_VERIFY(panel()->hasBeenMoved());
+        QVERIFY(
+            xdotool({"search", "--onlyvisible", "--classname", "otherwindow", "windowactivate", "--sync"}));
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationInactive);
+        QVERIFY(controller->mainWindowIsVisible());
+        QVERIFY(controller->hasWindowCloseTimer());
+        // Coming back cancels the close timer.
+        controller->showHideMainWindow();
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
+        QVERIFY(!controller->hasWindowCloseTimer());
+        other.kill();
+        other.waitForFinished();
+        controller->explicitHideMainWindow();
+    }
+
+    void quittingAsksOnlyWhenNimboCouldNotBeReachedAgain()
+    {
+        QSignalSpy quit(controller.get(), &HVController::quitRequested);
+        controller->quitApp(); // a taskbar entry remains: no question
+        QCOMPARE(quit.count(), 1);
+
+        defaults->setBool(false, "showIconInDock");
+        QVERIFY(controller->isAppRunningDockless());
+        bool asked = false;
+        QTimer::singleShot(300, this, [&asked] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            asked = box->text() == QLatin1String("Are you sure you want to quit Nimbo?");
+            for (QAbstractButton* button : box->buttons()) {
+                if (button->text() == QLatin1String("Don't Quit"))
+                    button->click();
+            }
+        });
+        controller->quitApp();
+        QVERIFY(asked);
+        QCOMPARE(quit.count(), 1);
+        defaults->setBool(true, "showIconInDock");
+    }
+
+    void oneNimboAtATimeAndNimboctlReachesIt()
+    {
+        controller.reset(); // this process's catalogue and bus name go away
+        QProcess nimboctl;
+        nimboctl.start(Bin + "nimboctl", {"toggle"});
+        QVERIFY(nimboctl.waitForFinished());
+        QCOMPARE(nimboctl.exitCode(), 1);
+        QVERIFY(nimboctl.readAllStandardError().contains("not running"));
+
+        QProcess first;
+        first.start(Bin + "nimbo", {});
+        QVERIFY(first.waitForStarted());
+        QTRY_COMPARE_WITH_TIMEOUT(QProcess::execute(Bin + "nimboctl", {"show"}), 0, 10000);
+        QProcess second;
+        second.start(Bin + "nimbo", {});
+        QVERIFY(second.waitForFinished(10000));
+        QCOMPARE(second.exitCode(), 0);
+        QCOMPARE(first.state(), QProcess::Running);
+        QTRY_VERIFY(xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}));
+        QCOMPARE(QProcess::execute(Bin + "nimboctl", {"toggle"}), 0);
+        QTRY_VERIFY(!xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}));
+        QCOMPARE(QProcess::execute(Bin + "nimboctl", {"quit"}), 0);
+        QVERIFY(first.waitForFinished(10000));
+        QCOMPARE(first.exitStatus(), QProcess::NormalExit);
+    }
+};
+
+QTEST_MAIN(TestShell)
+#include "tst_shell.moc"

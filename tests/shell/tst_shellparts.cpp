@@ -1,0 +1,67 @@
+// The panel's placement rules, the hot key's description and the key table format.
+#include "common/tabtable.h"
+#include "shell/hvgeometry.h"
+#include "shell/hvkeytable.h"
+
+#include <QtTest>
+
+class TestShellParts : public QObject
+{
+    Q_OBJECT
+private slots:
+    void centringRoundsToWholePoints()
+    {
+        using HVGeometry::centerRectInRect;
+        // Rounding happens on the bottom-up origin: 374.5 points above the floor becomes 375, so
+        // the top edge lands 374 points below the ceiling.
+        QCOMPARE(centerRectInRect({0, 0, 100.4, 50.6}, {0, 0, 1000, 800}, true), QRectF(450, 374, 100, 51));
+        QCOMPARE(centerRectInRect({0, 0, 101, 51}, {10, 20, 1000, 800}, false),
+                 QRectF(459.5, 394.5, 101, 51));
+    }
+
+    void constrainingMovesButNeverResizes()
+    {
+        using HVGeometry::constrainRectInRect;
+        const QRectF screen(0, 30, 1000, 770);
+        // Bigger in both directions: not placed at all.
+        QVERIFY(constrainRectInRect({0, 0, 1200, 900}, screen, true).isNull());
+        // Bigger in one direction only: moved, not shrunk; the bottom edge stays on screen.
+        QCOMPARE(constrainRectInRect({-50, 0, 1200, 300}, screen, true), QRectF(0, 30, 1200, 300));
+        QCOMPARE(constrainRectInRect({100, 0, 300, 900}, screen, true), QRectF(100, -100, 300, 900));
+        // Off the right and bottom edges.
+        QCOMPARE(constrainRectInRect({900, 700, 200, 200}, screen, true), QRectF(800, 600, 200, 200));
+        // Already inside: untouched.
+        QCOMPARE(constrainRectInRect({10, 40, 20, 20}, screen, true), QRectF(10, 40, 20, 20));
+    }
+
+    void tabTablesSkipCommentsAndEmptyCells()
+    {
+        const auto rows = TabTable::componentsSeparatedByTabsAndBreaks(
+            "# a comment\n\ntitle\ttag\tkeysym\r\nTab\t48\tTab\nNone\t-1\n\t\t\nOdd\t\textra\tcells\n");
+        QCOMPARE(rows.size(), 4);
+        QCOMPARE(rows[0].value("keys").toStringList(), (QStringList{"title", "tag", "keysym"}));
+        QCOMPARE(rows[1].value("keysym").toString(), QStringLiteral("Tab"));
+        QCOMPARE(rows[2].size(), 2);
+        QCOMPARE(rows[3], (QVariantMap{{"title", "Odd"}, {"keysym", "extra"}}));
+    }
+
+    void hotKeyDescriptions()
+    {
+        const auto rows = HVKeyTable::rows();
+        QCOMPARE(HVKeyTable::rowForTag(rows, 48).keysym, QStringLiteral("Tab"));
+        QCOMPARE(HVKeyTable::rowForTag(rows, 49).keysym, QStringLiteral("space"));
+        // The modifiers always read control, option, command, shift.
+        QCOMPARE(HVKeyTable::hotKeyString(rows, 48, 512 | 256 | 2048 | 4096),
+                 QStringLiteral("Ctrl + Alt + Super + Shift + Tab"));
+        QCOMPARE(HVKeyTable::hotKeyString(rows, 48, 4096), QStringLiteral("Ctrl + Tab"));
+        QCOMPARE(HVKeyTable::hotKeyString(rows, -1, 4096), QStringLiteral("None"));
+        QCOMPARE(HVKeyTable::hotKeyString(rows, 9999, 0), QStringLiteral("missing resource"));
+        QCOMPARE(HVKeyTable::hotKeyString({}, 48, 0), QStringLiteral("missing resource"));
+        // Every key offered can be grabbed: it names an X keysym (all but "no hot key").
+        for (const HVKeyTableRow& row : rows)
+            QVERIFY2(row.tag < 0 || !row.keysym.isEmpty(), qPrintable(row.title));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestShellParts)
+#include "tst_shellparts.moc"
