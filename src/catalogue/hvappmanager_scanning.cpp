@@ -205,6 +205,7 @@ void HVAppManager::startFullScanTimer()
     if (!m_scan->fullScanTimer) {
         m_scan->fullScanTimer = std::make_unique<QTimer>();
         m_scan->fullScanTimer->setSingleShot(true);
+        m_scan->fullScanTimer->setTimerType(Qt::PreciseTimer); // never early
         m_scan->fullScanTimer->setInterval(FullScanDelayMs);
         connect(m_scan->fullScanTimer.get(), &QTimer::timeout, this, &HVAppManager::fullScanTimerFire);
     }
@@ -240,6 +241,7 @@ void HVAppManager::startSpotlightQuery()
     m_scan->query.reset();
     if (spotlightScanPaths().isEmpty())
         return;
+    updateMaxRecursionDepth();
     auto query = std::make_unique<HVEntryWatcher>();
     if (!query->watch(pathsToScan(), maxRecursionDepth()))
         return; // no live updates; scanning still works

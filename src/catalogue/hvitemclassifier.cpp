@@ -4,9 +4,39 @@
 
 #include <QFile>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
 
 namespace HVItemClassifier {
+
+bool readEntryFile(const QString& path, QByteArray* contents)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (fd < 0)
+        return false;
+    struct stat info;
+    bool ok = ::fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && info.st_size <= MaxEntryFileSize;
+    if (ok) {
+        // The file may grow while it is read: never more than the limit.
+        contents->resize(qsizetype(info.st_size));
+        qsizetype done = 0;
+        while (ok && done < contents->size()) {
+            const ssize_t got = ::read(fd, contents->data() + done, size_t(contents->size() - done));
+            if (got < 0 && errno == EINTR)
+                continue;
+            ok = got >= 0;
+            if (got <= 0)
+                break;
+            done += got;
+        }
+        contents->truncate(done);
+    }
+    ::close(fd);
+    return ok;
+}
 
 bool isEntryFileName(const QString& name)
 {

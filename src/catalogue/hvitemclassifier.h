@@ -3,6 +3,7 @@
 // application that shows on this desktop is the entry reader's answer.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class DesktopEntryReader;
@@ -15,6 +16,10 @@ enum class EntryType { Unknown, Folder, File, Link, Other };
 
 // Entry files larger than this are not read at all.
 constexpr qint64 MaxEntryFileSize = 8 * 1024 * 1024;
+
+// Reads an entry file: a regular file (through links) no larger than the limit, opened so
+// that a pipe or device put in its place cannot block or flood the reader. False otherwise.
+bool readEntryFile(const QString& path, QByteArray* contents);
 
 // "*.desktop" and not hidden: a name that can give a desktop ID.
 bool isEntryFileName(const QString& name);

@@ -1,5 +1,5 @@
-// Reads desktop entries through GIO: names with GLib's key-file parser, the one GIO itself
-// uses, and whether an entry shows with GDesktopAppInfo, as the desktop's own menus decide.
+// Reads desktop entries with GLib's key-file parser, the one GIO itself uses: localised names,
+// and whether an entry shows, decided as GIO decides for the desktop's own menus.
 #pragma once
 
 #include "catalogue/desktopentryreader.h"
@@ -8,8 +8,7 @@ class GioEntryReader : public DesktopEntryReader
 {
 public:
     QString localisedName(const QString& path) const override;
-    // GIO loads it as an application (Type=Application, TryExec and the Exec program found),
-    // it is not Hidden, and g_app_info_should_show() says yes for the current desktop
-    // (NoDisplay, OnlyShowIn / NotShowIn against XDG_CURRENT_DESKTOP).
+    // An application (Type=Application, TryExec and the Exec program found), not Hidden, and
+    // shown on the current desktop (NoDisplay, OnlyShowIn / NotShowIn against XDG_CURRENT_DESKTOP).
     bool showsApplication(const QString& path) const override;
 };

@@ -1,0 +1,173 @@
+// Bad input under the scan folders: looping and dangling links, pipes and devices named like
+// entries, garbage and invalid UTF-8, a sparse 1 GB "entry", 1 MB entries, a folder of
+// 100,000 entries, unreadable folders and entries that vanish while the scan runs. The scan
+// ends, finds exactly the real applications and reads nothing it should not.
+#include "entrytree.h"
+#include "support/testenvironment.h"
+
+#include "catalogue/hvappmanager.h"
+#include "common/hvuserdefaults.h"
+#include "platform/gioentryreader.h"
+
+#include <QDirIterator>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+// Deletes every other file and folder of the tree the first time it is asked about an entry.
+class VanishingReader : public GioEntryReader
+{
+public:
+    explicit VanishingReader(const QString& root) : m_root(root) {}
+    mutable QString first;
+
+    bool showsApplication(const QString& path) const override
+    {
+        if (first.isEmpty()) {
+            first = path;
+            QStringList folders;
+            QDirIterator it(m_root, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
+                            QDirIterator::Subdirectories);
+            while (it.hasNext()) {
+                const QString entry = it.next();
+                if (it.fileInfo().isDir())
+                    folders.prepend(entry);
+                else if (entry != path)
+                    QFile::remove(entry);
+            }
+            for (const QString& folder : folders)
+                QDir().rmdir(folder); // only the emptied ones go
+        }
+        return GioEntryReader::showsApplication(path);
+    }
+
+private:
+    QString m_root;
+};
+
+QVariantList folderList(const QStringList& paths)
+{
+    QVariantList list;
+    for (const QString& path : paths)
+        list.append(QVariantMap{{"path", path}});
+    return list;
+}
+
+QStringList sortedPaths(const HVAppBunch& apps)
+{
+    QStringList paths = HVAppManager::pathsFromApps(apps);
+    paths.sort();
+    return paths;
+}
+} // namespace
+
+class TestScanBadInput : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void hostileEntriesAreSkippedOrReadSafely()
+    {
+        TestEnvironment env;
+        HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
+        HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
+        const QString apps = env.dataHome() + "/applications";
+        QStringList expected{EntryTree::app(apps + "/good.desktop"),
+                             EntryTree::app(apps + "/sub/inner.desktop")};
+        EntryTree::link(".", apps + "/self");
+        EntryTree::link("..", apps + "/sub/up");
+        EntryTree::link(apps + "/b.desktop", apps + "/a.desktop");
+        EntryTree::link(apps + "/a.desktop", apps + "/b.desktop");
+        EntryTree::link(env.root() + "/nowhere.desktop", apps + "/dangling.desktop");
+        QCOMPARE(::mkfifo(QFile::encodeName(apps + "/pipe.desktop").constData(), 0644), 0);
+        EntryTree::link("/dev/zero", apps + "/zero.desktop");
+        EntryTree::link("/dev/null", apps + "/null.desktop");
+        QFile huge(apps + "/huge.desktop"); // sparse: nothing is ever read from it
+        QVERIFY(huge.open(QIODevice::WriteOnly) && huge.write(EntryTree::entry("Huge")) > 0 &&
+                huge.resize(qint64(1) << 30));
+        huge.close();
+        expected << EntryTree::app(apps + "/onemb.desktop", "Comment=" + QByteArray(1 << 20, 'y') + "\n");
+        QByteArray garbage(4096, '\0');
+        for (int i = 0; i < garbage.size(); ++i)
+            garbage[i] = char(i * 37 + 11);
+        EntryTree::write(apps + "/garbage.desktop", garbage);
+        EntryTree::write(apps + "/binaryhead.desktop", "\x7f"
+                                                       "ELF\x02\x01\x01" +
+                                                           garbage);
+        expected << EntryTree::write(apps + "/badname.desktop", EntryTree::entry("\xff\xfe\xfd"));
+        {
+            // A file name that is not valid UTF-8 cannot be named again once read: skipped.
+            const QByteArray name = QFile::encodeName(apps) + "/bad\xff.desktop";
+            const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+            QVERIFY(fd >= 0);
+            const QByteArray entry = EntryTree::entry("X");
+            QCOMPARE(::write(fd, entry.constData(), size_t(entry.size())), ssize_t(entry.size()));
+            ::close(fd);
+        }
+        EntryTree::app(apps + "/locked/in.desktop");
+        QFile::setPermissions(apps + "/locked", QFileDevice::Permissions());
+        if (::geteuid() == 0) // the superuser reads every folder
+            expected << apps + "/locked/in.desktop";
+        EntryTree::write(env.root() + "/plainfile", "x");
+        defaults.setObject(folderList({apps, env.root() + "/plainfile", env.root() + "/absent"}),
+                           "searchDirectories");
+
+        manager.scanSearchFoldersForAllApps();
+        QFile::setPermissions(apps + "/locked",
+                              QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        expected.sort();
+        QCOMPARE(manager.allApps().size(), 1);
+        QCOMPARE(sortedPaths(manager.allApps1D()), expected);
+        // A name that is not valid UTF-8 falls back to the file name.
+        const HVAppRef badName = manager.appForPath(apps + "/badname.desktop");
+        QCOMPARE(badName->name(), QString("badname"));
+    }
+
+    void largeFolderIsReadInFull()
+    {
+        TestEnvironment env;
+        HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
+        HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
+        const QString apps = env.dataHome() + "/applications";
+        QVERIFY(QDir().mkpath(apps));
+        QStringList expected;
+        for (int i = 0; i < 100000; ++i) {
+            QString name = QString("n%1").arg(i);
+            if (i % 1000 == 0)
+                expected << EntryTree::app(apps + QString("/app%1.desktop").arg(i));
+            else {
+                if (i % 100 == 0)
+                    name = QString("empty%1.desktop").arg(i); // an entry file that says nothing
+                const int fd =
+                    ::open(QFile::encodeName(apps + "/" + name).constData(), O_CREAT | O_WRONLY, 0644);
+                QVERIFY(fd >= 0);
+                ::close(fd);
+            }
+        }
+        manager.scanSearchFoldersForAllApps();
+        expected.sort();
+        QCOMPARE(sortedPaths(manager.allApps1D()), expected);
+    }
+
+    void entriesVanishingMidScan()
+    {
+        TestEnvironment env;
+        HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
+        const QString apps = env.dataHome() + "/applications";
+        for (int i = 0; i < 50; ++i) {
+            EntryTree::app(apps + QString("/top%1.desktop").arg(i));
+            EntryTree::app(apps + QString("/sub/inner%1.desktop").arg(i));
+        }
+        auto reader = std::make_shared<VanishingReader>(apps);
+        HVAppManager manager(&defaults, reader);
+        manager.scanSearchFoldersForAllApps();
+        QVERIFY(!reader->first.isEmpty());
+        QCOMPARE(HVAppManager::pathsFromApps(manager.allApps1D()), QStringList{reader->first});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestScanBadInput)
+#include "tst_scanbadinput.moc"
