@@ -4,7 +4,7 @@
 // give their own source.
 #pragma once
 
-#include "colour/spectrumcolor.h"
+#include "colour/dominantcolor.h"
 
 #include <QImage>
 #include <QString>

@@ -8,6 +8,30 @@
 ColorSortWork HVColourState::setColorSortParameters(const IconParameters& params, const QImage& icon,
                                                     const QString& appName)
 {
+    return applyParameters(params, icon, appName, nullptr);
+}
+
+ColorSortWork
+HVColourState::setColorSortParameters(const IconParameters& params, const QImage& icon,
+                                      const QString& appName,
+                                      const std::optional<std::vector<SpectrumColor>>& analysedColors)
+{
+    return applyParameters(params, icon, appName, &analysedColors);
+}
+
+std::optional<std::vector<SpectrumColor>>
+HVColourState::dominantColorsOfIcon(const QImage& icon, float colorfulness, float lightness)
+{
+    if (icon.isNull())
+        return std::nullopt;
+    return HVImageExtras::bitmapImageRep(icon).createDominantColorsWithCount(
+        RequestedColorCount, colorfulness, lightness, MergeDeltaE);
+}
+
+ColorSortWork HVColourState::applyParameters(const IconParameters& params, const QImage& icon,
+                                             const QString& appName,
+                                             const std::optional<std::vector<SpectrumColor>>* analysedColors)
+{
     m_params.iconSize = params.iconSize;
     ColorSortWork work;
     if (!m_hclColors || params.colorfulness != m_params.colorfulness ||
@@ -24,7 +48,9 @@ ColorSortWork HVColourState::setColorSortParameters(const IconParameters& params
     if (work.analyse || icon.isNull())
         freeColorSortData();
     if (!icon.isNull()) {
-        if (work.analyse) {
+        if (work.analyse && analysedColors) {
+            setHclColors(*analysedColors);
+        } else if (work.analyse) {
             const HVBitmapRep bitmap = HVImageExtras::bitmapImageRep(icon);
             setHclColors(bitmap.createDominantColorsWithCount(m_hclColorCount, m_params.colorfulness,
                                                               m_params.lightness, MergeDeltaE));

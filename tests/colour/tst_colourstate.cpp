@@ -190,6 +190,25 @@ private slots:
         QCOMPARE(state.hclColorCount(), quint64(6));
     }
 
+    void coloursFoundOnALoadingThread()
+    {
+        QImage icon = filledBitmap(10, 10, 200, 40, 90);
+        setPixelBytes(&icon, 3, 3, 20, 20, 20);
+        IconParameters p;
+        HVColourState here, there;
+        here.setColorSortParameters(p, icon, "App");
+        const auto colours = HVColourState::dominantColorsOfIcon(icon, p.colorfulness, p.lightness);
+        QVERIFY(there.setColorSortParameters(p, icon, "App", colours).analyse);
+        QCOMPARE_EXACT(there.colorSortValue(), here.colorSortValue());
+        QCOMPARE(there.sortedColors(), here.sortedColors());
+        // Only an analysis that is due takes them: a new wrap hue re-sorts the colours it has.
+        const quint64 found = there.hclColorCount();
+        QVERIFY(found > 0);
+        p.wrapHue = 90.0f;
+        QVERIFY(!there.setColorSortParameters(p, icon, "App", std::vector<SpectrumColor>()).analyse);
+        QCOMPARE(there.hclColorCount(), found);
+    }
+
     void failedAndEmptyAnalyses()
     {
         HVColourState state;
