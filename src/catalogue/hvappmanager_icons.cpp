@@ -2,13 +2,9 @@
 #include "hvappmanager.h"
 #include "iconstate.h"
 
-void HVAppManager::loadIconsForApps(const HVAppBunch&)
-{
-}
+void HVAppManager::loadIconsForApps(const HVAppBunch&) {}
 
-void HVAppManager::loadAllIconsPrioritizingGroup(int)
-{
-}
+void HVAppManager::loadAllIconsPrioritizingGroup(int) {}
 
 void HVAppManager::clearIconsForAllApps()
 {

@@ -133,6 +133,7 @@ std::optional<IconThemeIndex> IconThemeIndex::load(const QString& name, const QS
         return std::nullopt;
     }
     GKeyFile* file = g_key_file_new();
+    g_key_file_set_list_separator(file, ','); // index.theme lists are comma-separated
     GError* gerror = nullptr;
     const bool loaded = g_key_file_load_from_file(file, QFile::encodeName(theme.indexPath).constData(),
                                                   G_KEY_FILE_NONE, &gerror) &&

@@ -1,0 +1,101 @@
+// Icon themes, icon files and desktop entries written into a test's private folders.
+#pragma once
+
+#include "support/testenvironment.h"
+
+#include "platform/iconthemelookup.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
+#include <QtEndian>
+
+namespace IconTestFiles {
+
+inline const QString SystemIcons = QStringLiteral("/usr/share/icons");
+
+// A square PNG of one colour.
+inline QByteArray png(int size, QColor colour = Qt::red)
+{
+    QImage image(size, size, QImage::Format_ARGB32);
+    image.fill(colour);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+// An SVG declaring `width` x `height` whose one shape, a disc, fills the view box.
+inline QByteArray svg(const QByteArray& width = "16", const QByteArray& height = "16",
+                      const char* fill = "#00ff00")
+{
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
+           "\" viewBox=\"0 0 16 16\"><circle cx=\"8\" cy=\"8\" r=\"8\" fill=\"" + fill + "\"/></svg>";
+}
+
+// The first bytes of a PNG that claims `width` x `height` pixels (signature and a correct IHDR).
+inline QByteArray pngHeader(quint32 width, quint32 height)
+{
+    auto crc32 = [](const QByteArray& data) {
+        quint32 crc = 0xffffffffu;
+        for (const char byte : data) {
+            crc ^= quint8(byte);
+            for (int k = 0; k < 8; ++k)
+                crc = (crc >> 1) ^ (0xedb88320u & (0u - (crc & 1u)));
+        }
+        return ~crc;
+    };
+    QByteArray ihdr("IHDR");
+    quint32 be = qToBigEndian(width);
+    ihdr.append(reinterpret_cast<const char*>(&be), 4);
+    be = qToBigEndian(height);
+    ihdr.append(reinterpret_cast<const char*>(&be), 4);
+    ihdr.append("\x08\x06\x00\x00\x00", 5);
+    QByteArray bytes("\x89PNG\r\n\x1a\n", 8);
+    bytes.append("\x00\x00\x00\x0d", 4).append(ihdr);
+    be = qToBigEndian(crc32(ihdr));
+    bytes.append(reinterpret_cast<const char*>(&be), 4);
+    return bytes;
+}
+
+// An index.theme with the given folders, each "path:Type:Size[:Min:Max]".
+inline QByteArray indexTheme(const QString& name, const QString& inherits, const QStringList& folders)
+{
+    QByteArray text = "[Icon Theme]\nName=" + name.toUtf8() + "\n";
+    if (!inherits.isEmpty())
+        text += "Inherits=" + inherits.toUtf8() + "\n";
+    QStringList paths;
+    for (const QString& folder : folders)
+        paths.append(folder.section(QLatin1Char(':'), 0, 0));
+    text += "Directories=" + paths.join(QLatin1Char(',')).toUtf8() + "\n";
+    for (const QString& folder : folders) {
+        const QStringList parts = folder.split(QLatin1Char(':'));
+        text +=
+            "\n[" + parts[0].toUtf8() + "]\nType=" + parts[1].toUtf8() + "\nSize=" + parts[2].toUtf8() + "\n";
+        if (parts.size() == 5)
+            text += "MinSize=" + parts[3].toUtf8() + "\nMaxSize=" + parts[4].toUtf8() + "\n";
+    }
+    return text;
+}
+
+// A desktop entry naming `icon` (no Icon key when it is null).
+inline QByteArray desktopEntry(const QString& icon)
+{
+    QByteArray text = "[Desktop Entry]\nType=Application\nName=Test\nExec=true\n";
+    if (!icon.isNull())
+        text += "Icon=" + icon.toUtf8() + "\n";
+    return text;
+}
+
+// Theme settings over the test's private icon folder, then the system's.
+inline IconThemeLookup::Settings themes(const TestEnvironment& env, const QString& theme)
+{
+    IconThemeLookup::Settings settings;
+    settings.themeName = theme;
+    settings.baseFolders = {env.root() + QStringLiteral("/icons"), SystemIcons};
+    settings.pixmapFolders = {env.root() + QStringLiteral("/pixmaps")};
+    return settings;
+}
+
+} // namespace IconTestFiles
