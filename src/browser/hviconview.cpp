@@ -143,9 +143,9 @@ void HVIconView::refreshMembershipSets()
     if (!m_manager)
         return;
     for (const HVAppRef& app : m_manager->runningApps())
-        m_runningApps.insert(app);
+        m_runningApps.insert(app.get());
     for (const HVAppRef& app : m_manager->excludedApps1D())
-        m_excludedApps.insert(app);
+        m_excludedApps.insert(app.get());
 }
 
 void HVIconView::postSubviewNeedsResizing()
@@ -163,6 +163,9 @@ void HVIconView::updateColors()
 void HVIconView::setDragState(const HVIconDragState& state)
 {
     m_drag = state;
+    m_droppableApps.clear();
+    for (const HVAppRef& app : std::as_const(m_drag.droppableApps))
+        m_droppableApps.insert(app.get());
     updateCursor();
     update();
 }

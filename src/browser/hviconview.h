@@ -11,6 +11,7 @@
 #include "hviconcache.h"
 #include "hvicondragstate.h"
 #include "hviconviewappearance.h"
+#include "hvlinepainter.h"
 #include "hvmodifierkeys.h"
 #include "hvscrollaccumulator.h"
 #include "hvtypefilter.h"
@@ -152,9 +153,15 @@ private:
     void drawScanningText(QPainter& painter) const;
     void drawCellforRow(QPainter& painter, int row, int column);
     void drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect);
-    void drawBunchMarks(QPainter& painter) const;
-    bool isAppRunning(const HVAppRef& app) const { return m_runningApps.contains(app); }
-    bool isAppExcluded(const HVAppRef& app) const { return m_excludedApps.contains(app); }
+    void drawBunchMarks(QPainter& painter);
+    // The cell tests, for the app already looked up (null for an empty cell).
+    bool isOpaqueCell(const HVApp* app, int row, int column) const;
+    bool isHighlightedCell(const HVApp* app, int row, int column) const;
+    bool isDecoratedCell(const HVApp* app, int row, int column) const;
+    // The app in a cell, without taking a share of it; null for an empty cell.
+    const HVApp* appPointerAtCell(int row, int column) const;
+    bool isAppRunning(const HVApp* app) const { return m_runningApps.contains(app); }
+    bool isAppExcluded(const HVApp* app) const { return m_excludedApps.contains(app); }
     bool isSelectedCell(int row, int column) const;
     void repaintCell(const Coords& coords);
 
@@ -182,13 +189,15 @@ private:
 
     HVIconViewAppearance m_look;
     HVIconCache m_iconCache;
-    QSet<HVAppRef> m_runningApps;
-    QSet<HVAppRef> m_excludedApps;
+    HVLinePainter m_linePainter;
+    QSet<const HVApp*> m_runningApps; // refreshed whenever their lists change
+    QSet<const HVApp*> m_excludedApps;
     bool m_showIconSpectrums = false;
     bool m_busyScanning = false;
     QString m_scanningStep;
     QString m_scanningLabel;
     HVIconDragState m_drag;
+    QSet<const HVApp*> m_droppableApps; // of m_drag, which holds them
 
     Coords m_selectedCoords;
     Coords m_oldSelectedCoords;

@@ -13,16 +13,30 @@ bool HVIconView::isSelectedCell(int row, int column) const
 
 bool HVIconView::isOpaqueRow(int row, int column) const
 {
-    const HVAppRef app = appAtCell(row, column);
+    return isOpaqueCell(appPointerAtCell(row, column), row, column);
+}
+
+bool HVIconView::isHighlightedRow(int row, int column) const
+{
+    return isHighlightedCell(appPointerAtCell(row, column), row, column);
+}
+
+bool HVIconView::isDecoratedRow(int row, int column) const
+{
+    return isDecoratedCell(appPointerAtCell(row, column), row, column);
+}
+
+bool HVIconView::isOpaqueCell(const HVApp* app, int row, int column) const
+{
     if (!app)
         return true; // nothing to fade
     if (isAppKeyFilteredOut(*app))
         return false;
     if (m_drag.dragDropInProgress) {
-        if (!m_drag.droppableApps.contains(app))
+        if (!m_droppableApps.contains(app))
             return false;
     } else if (m_drag.dragMoveInProgress) {
-        if (app == m_drag.movedApp)
+        if (app == m_drag.movedApp.get())
             return false; // its old place
     } else if (isSelectedCell(row, column) &&
                (QGuiApplication::mouseButtons() & (Qt::LeftButton | Qt::RightButton))) {
@@ -48,20 +62,18 @@ bool HVIconView::isOpaqueRow(int row, int column) const
     return !(m_keys.function && m_groupShown != HVAppGroupRunning && !isAppRunning(app));
 }
 
-bool HVIconView::isHighlightedRow(int row, int column) const
+bool HVIconView::isHighlightedCell(const HVApp* app, int row, int column) const
 {
-    const HVAppRef app = appAtCell(row, column);
     if (!app)
         return false;
     if (m_groupShown != HVAppGroupRunning && isAppRunning(app) && !m_keys.function)
         return true;
-    return m_drag.dragDropInProgress && isSelectedCell(row, column) && m_drag.droppableApps.contains(app);
+    return m_drag.dragDropInProgress && isSelectedCell(row, column) && m_droppableApps.contains(app);
 }
 
-bool HVIconView::isDecoratedRow(int row, int column) const
+bool HVIconView::isDecoratedCell(const HVApp* app, int row, int column) const
 {
     if (!m_drag.dragMoveInProgress || !isUserGroup(m_groupShown) || !isSelectedCell(row, column))
         return false;
-    const HVAppRef app = appAtCell(row, column);
-    return !app || app != m_drag.movedApp;
+    return !app || app != m_drag.movedApp.get();
 }

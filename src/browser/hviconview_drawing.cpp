@@ -88,8 +88,8 @@ void HVIconView::drawScanningText(QPainter& painter) const
 
 void HVIconView::drawCellforRow(QPainter& painter, int row, int column)
 {
-    const HVAppRef app = appAtCell(row, column);
-    const double alpha = isOpaqueRow(row, column) ? 1.0 : m_look.excludedOpacity;
+    const HVApp* app = appPointerAtCell(row, column);
+    const double alpha = isOpaqueCell(app, row, column) ? 1.0 : m_look.excludedOpacity;
     const QColor color =
         withAlpha(app && isAppRunning(app) ? m_look.iconHighlightColor : m_look.textColor, alpha);
     const double padding = m_layout.preferences().iconPadding;
@@ -98,7 +98,7 @@ void HVIconView::drawCellforRow(QPainter& painter, int row, int column)
     const double q = std::floor(iconRect.width() / 5);
 
     // The drop spot of a moved favourite gives up a strip for a triangle pointing into it.
-    const bool decorated = isDecoratedRow(row, column);
+    const bool decorated = isDecoratedCell(app, row, column);
     QPolygonF triangle;
     if (decorated) {
         const int orientation = m_layout.preferences().groupOrientation;
@@ -116,7 +116,7 @@ void HVIconView::drawCellforRow(QPainter& painter, int row, int column)
         }
     }
 
-    if (isHighlightedRow(row, column)) {
+    if (isHighlightedCell(app, row, column)) {
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing, true);
         const bool filled = m_look.drawFilledIconHighlight;
@@ -168,17 +168,12 @@ void HVIconView::drawIcon(QPainter& painter, const HVApp& app, const QRectF& rec
                       icon);
 }
 
-void HVIconView::drawBunchMarks(QPainter& painter) const
+void HVIconView::drawBunchMarks(QPainter& painter)
 {
     const bool moving = m_drag.dragMoveInProgress && isUserGroup(m_groupShown);
     const QList<QLineF> lines =
         HVBunchSeparators::linesForLayout(m_layout, moving ? m_selectedCoords.spacer : Coords::None);
-    if (!lines.isEmpty()) {
-        painter.save();
-        painter.setPen(QPen(m_look.separatorColor(), 1));
-        painter.drawLines(lines);
-        painter.restore();
-    }
+    m_linePainter.drawLines(painter, lines, m_look.separatorColor());
     if (!moving)
         return;
     const QPolygonF mark = HVBunchSeparators::marginMark(m_layout, m_selectedCoords);

@@ -125,15 +125,23 @@ void HVIconView::layoutDidChange()
     update();
 }
 
-HVAppRef HVIconView::appAtCell(int row, int column) const
+const HVApp* HVIconView::appPointerAtCell(int row, int column) const
 {
     if (!m_layout.isValidRow(row, column))
-        return {};
+        return nullptr;
     const appInfo& cell = m_layout.lookupTable().at(row, column);
     if (!cell.filled || cell.bunch >= quint64(m_shownBunches.size()))
-        return {};
+        return nullptr;
     const HVAppBunch& bunch = m_shownBunches.at(qsizetype(cell.bunch));
-    return cell.index < quint64(bunch.size()) ? bunch.at(qsizetype(cell.index)) : HVAppRef();
+    return cell.index < quint64(bunch.size()) ? bunch.at(qsizetype(cell.index)).get() : nullptr;
+}
+
+HVAppRef HVIconView::appAtCell(int row, int column) const
+{
+    if (!appPointerAtCell(row, column))
+        return {};
+    const appInfo& cell = m_layout.lookupTable().at(row, column);
+    return m_shownBunches.at(qsizetype(cell.bunch)).at(qsizetype(cell.index));
 }
 
 HVAppRef HVIconView::appAtCoords(const Coords& coords) const
@@ -147,8 +155,8 @@ const QHash<const HVApp*, QPoint>& HVIconView::firstCellOfApps() const
         QHash<const HVApp*, QPoint> cells;
         for (int row = 0; row < m_layout.rowCount(); ++row) {
             for (int column = 0; column < m_layout.colCount(); ++column) {
-                if (const HVAppRef app = appAtCell(row, column); app && !cells.contains(app.get()))
-                    cells.insert(app.get(), QPoint(column, row));
+                if (const HVApp* app = appPointerAtCell(row, column); app && !cells.contains(app))
+                    cells.insert(app, QPoint(column, row));
             }
         }
         m_firstCells = std::move(cells);

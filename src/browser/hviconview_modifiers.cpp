@@ -46,14 +46,18 @@ void HVIconView::updateCursor()
 void HVIconView::resetView()
 {
     const bool hadFilter = !m_filter.isEmpty();
+    const bool hadOption = m_keys.option;
     m_drag = HVIconDragState();
+    m_droppableApps.clear();
     m_keys = m_oldKeys = HVModifierKeys();
     m_filter.clear();
     cancelFilterSubstringTimer();
     selectCoords(Coords());
     m_startCoords = Coords();
     m_showIconSpectrums = false;
-    if (m_layoutPending)
+    // Option no longer held shows the included apps again.
+    if (m_layoutPending ||
+        (hadOption && (m_groupToShow == HVAppGroupIncluded || m_groupToShow == HVAppGroupIncluded1D)))
         resizeViewForced(false);
     updateCursor();
     update();

@@ -135,7 +135,7 @@ void HVIconView::mouseUp(QMouseEvent* event)
         removeSelectedAppFromUser(app);
     } else if (m_groupShown == HVAppGroupRunning) {
         repaintCell(pressed);
-    } else if (isAppExcluded(app)) {
+    } else if (isAppExcluded(app.get())) {
         includeSelectedApp(app);
     } else {
         excludeSelectedApp(app);
@@ -183,7 +183,7 @@ void HVIconView::showAppInFinder(const HVAppRef& app)
 
 void HVIconView::includeSelectedApp(const HVAppRef& app)
 {
-    if (!app || !m_manager || !isAppExcluded(app))
+    if (!app || !m_manager || !isAppExcluded(app.get()))
         return;
     m_manager->includeApp(app);
     setNeedsDisplayForApp(app);
@@ -191,7 +191,7 @@ void HVIconView::includeSelectedApp(const HVAppRef& app)
 
 void HVIconView::excludeSelectedApp(const HVAppRef& app)
 {
-    if (!app || !m_manager || isAppExcluded(app))
+    if (!app || !m_manager || isAppExcluded(app.get()))
         return;
     m_manager->excludeApp(app);
     setNeedsDisplayForApp(app);

@@ -1,0 +1,249 @@
+// What the icon view paints: faded and opaque icons, the drop highlight, the scanning text in
+// place of icons, the lines and marks between bunches; and screenshots of typical panels with
+// real icons from the Papirus theme, written to <build>/screenshots/.
+#include "iconviewfixture.h"
+
+#include "browser/hvbunchseparators.h"
+
+#include <QDir>
+#include <QPainter>
+
+namespace {
+// Names shown, with the Papirus icon each one gets.
+const QList<QPair<QString, QString>> ThemedApps = {
+    {"Firefox", "firefox"},
+    {"Chromium", "chromium"},
+    {"Thunderbird", "thunderbird"},
+    {"Telegram", "telegram"},
+    {"Signal", "signal-desktop"},
+    {"Discord", "discord"},
+    {"Transmission", "transmission"},
+    {"FileZilla", "filezilla"},
+    {"GIMP", "gimp"},
+    {"Inkscape", "inkscape"},
+    {"Krita", "krita"},
+    {"Blender", "blender"},
+    {"Darktable", "darktable"},
+    {"Shotwell", "shotwell"},
+    {"Image Viewer", "eog"},
+    {"Writer", "libreoffice-writer"},
+    {"Calc", "libreoffice-calc"},
+    {"Impress", "libreoffice-impress"},
+    {"Document Viewer", "evince"},
+    {"Okular", "okular"},
+    {"Calibre", "calibre"},
+    {"VLC", "vlc"},
+    {"Audacity", "audacity"},
+    {"Kdenlive", "kdenlive"},
+    {"OBS Studio", "obs"},
+    {"Rhythmbox", "rhythmbox"},
+    {"Spotify", "spotify"},
+    {"Cheese", "cheese"},
+    {"Terminal", "org.gnome.Terminal"},
+    {"Konsole", "konsole"},
+    {"Files", "nautilus"},
+    {"Thunar", "thunar"},
+    {"System Monitor", "gnome-system-monitor"},
+    {"Disk Usage", "baobab"},
+    {"GParted", "gparted"},
+    {"Calculator", "org.gnome.Calculator"},
+    {"Steam", "steam"},
+    {"VirtualBox", "virtualbox"},
+    {"Code", "code"},
+    {"VSCodium", "vscodium"},
+    {"Geany", "geany"},
+    {"Kate", "kate"},
+    {"Text Editor", "gedit"},
+};
+const int BunchSizes[] = {8, 7, 6, 7, 10, 5};
+
+QList<QStringList> themedBunches()
+{
+    QList<QStringList> bunches;
+    int next = 0;
+    for (int size : BunchSizes) {
+        QStringList bunch;
+        for (int i = 0; i < size; ++i)
+            bunch.append(ThemedApps.at(next++).first);
+        bunches.append(bunch);
+    }
+    return bunches;
+}
+
+QImage solidIcon(const QColor& color)
+{
+    QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(color);
+    return icon;
+}
+
+// The view as it shows over a backdrop (the panel itself is translucent).
+QImage rendered(HVIconView& view, const QColor& backdrop)
+{
+    QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(backdrop);
+    QPainter painter(&image);
+    view.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+bool near(const QColor& actual, double red, double green, double blue)
+{
+    return std::abs(actual.red() - red) <= 2 && std::abs(actual.green() - green) <= 2 &&
+           std::abs(actual.blue() - blue) <= 2;
+}
+} // namespace
+
+class TestIconViewDrawing : public QObject
+{
+    Q_OBJECT
+
+    static QList<QStringList> apps() { return {{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}}; }
+
+    static void redIcons(IconViewFixture& f)
+    {
+        for (const HVAppRef& app : f.manager->allApps1D())
+            app->setIcon(solidIcon(Qt::red));
+    }
+
+    static void saveScreenshot(HVIconView& view, const QString& name)
+    {
+        const QString folder = QStringLiteral(NIMBO_BINARY_DIR) + "/screenshots";
+        QDir().mkpath(folder);
+        QVERIFY(rendered(view, QColor(0x3b, 0x4a, 0x5c)).save(folder + "/" + name));
+    }
+
+private slots:
+    void excludedAppsFadeInTheGroupOfAllApps()
+    {
+        IconViewFixture f(apps(), {"Epsilon"});
+        redIcons(f);
+        f.showGroup(5);
+        const QImage image = rendered(*f.view, Qt::white);
+        // The panel: black at 0.85 x 0.3 over white.
+        const QColor panel = image.pixelColor(6, f.view->height() / 2);
+        QVERIFY(near(panel, 190, 190, 190));
+        QVERIFY(near(image.pixelColor(f.centreOf("Alpha")), 255, 0, 0));
+        // Epsilon at 0.15 over the panel.
+        QVERIFY(
+            near(image.pixelColor(f.centreOf("Epsilon")), 190 * 0.85 + 255 * 0.15, 190 * 0.85, 190 * 0.85));
+
+        f.defaults->setDouble(0.5, "excludedIconAlpha");
+        const QImage half = rendered(*f.view, Qt::white);
+        QVERIFY(near(half.pixelColor(f.centreOf("Epsilon")), 95 + 127.5, 95, 95));
+    }
+
+    void aFileDropHighlightsTheAppUnderThePointerThatCanOpenIt()
+    {
+        IconViewFixture f(apps());
+        redIcons(f);
+        f.showGroup(5);
+        HVIconDragState drop;
+        drop.dragDropInProgress = true;
+        drop.droppableApps = {f.app("Beta")};
+        f.view->setDragState(drop);
+        f.view->selectCoords(f.view->coordsOfApp(f.app("Beta")));
+        const QImage image = rendered(*f.view, Qt::white);
+        const QRectF beta = f.view->rectOfApp(f.app("Beta"));
+        // White (the text colour on a black panel) in the padding around the icon.
+        QVERIFY(near(image.pixelColor(int(beta.left()) + 1, int(beta.center().y())), 255, 255, 255));
+        QVERIFY(near(image.pixelColor(f.centreOf("Beta")), 255, 0, 0));
+        QVERIFY(near(image.pixelColor(f.centreOf("Alpha")), 190 * 0.85 + 255 * 0.15, 190 * 0.85, 190 * 0.85));
+    }
+
+    void scanningShowsOnlyTheProgressText()
+    {
+        IconViewFixture f(apps());
+        redIcons(f);
+        f.showGroup(5);
+        HVNotificationCenter* center = HVNotificationCenter::defaultCenter();
+        center->postNotificationName("N_ShowProgressStep", {}, {{"step", 2}, {"count", 5}, {"label", "~/x"}});
+        QVERIFY(f.view->isBusyScanning());
+        QVERIFY(near(rendered(*f.view, Qt::white).pixelColor(f.centreOf("Alpha")), 190, 190, 190));
+        center->postNotificationName("N_ShowProgressStep", {}, {{"step", 0}, {"count", 0}, {"label", ""}});
+        QVERIFY(!f.view->isBusyScanning());
+        QVERIFY(near(rendered(*f.view, Qt::white).pixelColor(f.centreOf("Alpha")), 255, 0, 0));
+    }
+
+    void linesRunThroughTheGapsBetweenBunches()
+    {
+        // Three bunches of one side by side: cells of 68 at x = 12, 114 and 216, gaps of 34.
+        HVIconLayoutPreferences sideBySide;
+        const HVIconLayout layout(1, false, {1, 1, 1}, sideBySide, QSizeF(1200, 800));
+        QCOMPARE(layout.viewSize(), QSizeF(296, 92));
+        QCOMPARE(HVBunchSeparators::linesForLayout(layout, Coords::None),
+                 QList<QLineF>({QLineF(97.5, 12, 97.5, 80), QLineF(199.5, 12, 199.5, 80)}));
+        // While a favourite is moved the gap under the pointer gets lines along its edges.
+        QCOMPARE(HVBunchSeparators::linesForLayout(layout, 1),
+                 QList<QLineF>({QLineF(80.5, 12, 80.5, 80), QLineF(113.5, 12, 113.5, 80),
+                                QLineF(199.5, 12, 199.5, 80)}));
+        QCOMPARE(HVBunchSeparators::linesForLayout(layout, 3).last(), QLineF(295.5, 12, 295.5, 80));
+        Coords besideBunch1;
+        besideBunch1.bunch = 1;
+        besideBunch1.margin = 0; // top
+        QCOMPARE(HVBunchSeparators::marginMark(layout, besideBunch1),
+                 QPolygonF({QPointF(114, 0), QPointF(182, 0), QPointF(148, 12)}));
+        besideBunch1.margin = 3; // the left margin is not across bunches side by side
+        QVERIFY(HVBunchSeparators::marginMark(layout, besideBunch1).isEmpty());
+
+        // Stacked, the same gaps run across, top down.
+        HVIconLayoutPreferences stacked;
+        stacked.groupOrientation = 1;
+        const HVIconLayout rows(1, false, {1, 1, 1}, stacked, QSizeF(1200, 800));
+        QCOMPARE(rows.viewSize(), QSizeF(92, 296));
+        QCOMPARE(HVBunchSeparators::linesForLayout(rows, Coords::None),
+                 QList<QLineF>({QLineF(12, 96.5, 80, 96.5), QLineF(12, 198.5, 80, 198.5)}));
+        QCOMPARE(HVBunchSeparators::linesForLayout(rows, 0), // the top strip, along its lower edge
+                 QList<QLineF>(
+                     {QLineF(12, 11.5, 80, 11.5), QLineF(12, 96.5, 80, 96.5), QLineF(12, 198.5, 80, 198.5)}));
+        // One bunch, or a flat list, has nothing between bunches.
+        QVERIFY(HVBunchSeparators::linesForLayout(HVIconLayout(1, false, {5}, sideBySide, QSizeF(900, 600)),
+                                                  Coords::None)
+                    .isEmpty());
+    }
+
+    void screenshotsOfTypicalPanels()
+    {
+        IconViewFixture f(themedBunches(), {"Steam", "Cheese"},
+                          {{"Firefox", "Terminal", "GIMP"}, {"Writer", "VLC"}});
+        const QString icons = "/usr/share/icons/Papirus/64x64/apps/";
+        if (!QFile::exists(icons + "firefox.svg"))
+            QSKIP("The Papirus icon theme is not installed");
+        for (const auto& [name, icon] : ThemedApps)
+            f.app(name)->setIcon(QImage(icons + icon + ".svg"));
+        f.view->setMaxIconViewSize(QSizeF(900, 600));
+        f.showGroup(1);
+        saveScreenshot(*f.view, "iconview-bunches.png");
+        const QImage bunches = rendered(*f.view, QColor(0x3b, 0x4a, 0x5c));
+        QVERIFY(bunches.pixelColor(f.centreOf("Firefox")) != bunches.pixelColor(6, f.view->height() / 2));
+
+        f.view->setGroupToShow(5);
+        f.type("s"); // Signal, Shotwell, Spotify, Steam, System Monitor
+        saveScreenshot(*f.view, "iconview-all-filtered.png");
+        f.view->resetView();
+
+        f.defaults->setInteger(1, "groupOrientation");
+        f.view->setGroupToShow(1);
+        saveScreenshot(*f.view, "iconview-stacked.png");
+
+        f.defaults->setInteger(2, "groupOrientation");
+        f.view->setGroupToShow(2);
+        f.view->setMaxIconViewSize(QSizeF(640, 400));
+        saveScreenshot(*f.view, "iconview-flat.png");
+
+        f.view->setGroupToShow(8);
+        HVIconDragState move;
+        move.dragMoveInProgress = true;
+        move.movedApp = f.app("VLC");
+        f.view->setDragState(move);
+        f.view->selectCoords(f.view->coordsOfPoint(f.view->iconLayout().bunchSpacingRects().at(1).center()));
+        saveScreenshot(*f.view, "iconview-favourite-move.png");
+        f.view->selectCoords(f.view->coordsOfApp(f.app("Terminal")));
+        QVERIFY(f.view->isDecoratedRow(int(f.view->selectedCoords().row), int(f.view->selectedCoords().col)));
+        saveScreenshot(*f.view, "iconview-favourite-drop-spot.png");
+    }
+};
+
+QTEST_MAIN(TestIconViewDrawing)
+#include "moc_iconviewfixture.cpp"
+#include "tst_iconviewdrawing.moc"

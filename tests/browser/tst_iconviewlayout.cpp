@@ -1,0 +1,113 @@
+// The icon view's layout: the group it shows, the size it asks the panel for, and the catalogue
+// and preference changes that lay it out again.
+#include "iconviewfixture.h"
+
+class TestIconViewLayout : public QObject
+{
+    Q_OBJECT
+
+    static QList<QStringList> apps() { return {{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}}; }
+
+private slots:
+    void theViewTakesTheSizeOfItsGridAndSaysSo()
+    {
+        IconViewFixture f(apps(), {}, {{"Alpha"}});
+        NotificationSpy resizing("N_SubviewNeedsResizing");
+        QSignalSpy shown(f.view.get(), &HVIconView::groupShownChanged);
+        f.showGroup(8);
+        QCOMPARE(resizing.count, 1);
+        QCOMPARE(resizing.last.object.value<QObject*>(), f.view.get());
+        QCOMPARE(shown.count(), 1);
+        QCOMPARE(shown.at(0).at(0).toInt(), 8);
+        QCOMPARE(f.view->viewSize(), QSizeF(92, 92)); // one 68-point cell and the margins
+        f.view->setGroupToShow(1);
+        QCOMPARE(resizing.count, 2);
+        // 3 + 2 apps in 2 rows: 2 + 1 columns of 68-point cells, half a cell between the bunches.
+        QCOMPARE(f.view->iconLayout().rowCount(), 2);
+        QCOMPARE(f.view->iconLayout().colCount(), 3);
+        QCOMPARE(f.view->viewSize(), QSizeF(262, 160));
+        QCOMPARE(f.view->size(), QSize(262, 160));
+        QCOMPARE(f.view->appAtPoint(QPointF(12 + 68 * 2 + 34 + 1, 13)), f.app("Delta"));
+
+        f.view->setGroupToShow(1); // nothing changed
+        QCOMPARE(resizing.count, 2);
+        // A narrow panel: three rows of two columns, whose icons shrink until the grid fits.
+        f.view->setMaxIconViewSize(QSizeF(150, 600));
+        QCOMPARE(resizing.count, 3);
+        QCOMPARE(f.view->iconLayout().colCount(), 2);
+        QCOMPARE(f.view->iconLayout().iconWidth(), 46);
+        QCOMPARE(f.view->viewSize(), QSizeF(149, 174));
+        f.view->resizeViewForced(true);
+        QCOMPARE(resizing.count, 4);
+    }
+
+    void catalogueChangesLayOutOnlyTheGroupTheyConcern()
+    {
+        IconViewFixture f(apps(), {}, {{"Alpha"}});
+        f.showGroup(1);
+        NotificationSpy resizing("N_SubviewNeedsResizing");
+        f.manager->removeAppsFromUserApps({f.app("Alpha")});
+        QCOMPARE(resizing.count, 0);
+        f.manager->excludeApp(f.app("Gamma"));
+        f.manager->excludeApp(f.app("Beta"));
+        QCOMPARE(f.view->keyFilteredApps1D(), HVAppBunch({f.app("Alpha"), f.app("Delta"), f.app("Epsilon")}));
+        QCOMPARE(f.view->coordsOfApp(f.app("Beta")).row, Coords::None);
+        // 2 + 2 apps took two rows of two columns; 1 + 2 keep that shape, so the panel stays.
+        QCOMPARE(resizing.count, 1);
+        QCOMPARE(f.view->iconLayout().rowCount(), 2);
+        QCOMPARE(f.view->iconLayout().colCount(), 2);
+    }
+
+    void layoutPreferencesLayOutAgain()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        NotificationSpy resizing("N_SubviewNeedsResizing");
+        f.defaults->setInteger(200, "maximumIconSize");
+        QCOMPARE(f.view->iconLayout().iconWidth(), 128);
+        f.defaults->setInteger(20, "iconPadding");
+        QCOMPARE(f.view->iconLayout().cellWidth(), 128 + 16);
+        f.defaults->setInteger(3, "iconSpacing");
+        QCOMPARE(resizing.count, 3);
+
+        // Stacking the bunches reads down then across; side by side across then down.
+        f.defaults->setInteger(1, "groupOrientation");
+        QCOMPARE(f.defaults->integerForKey("iconReadingOrder"), 2);
+        QCOMPARE(f.view->iconLayout().preferences().groupOrientation, 1);
+        f.defaults->setInteger(2, "groupOrientation");
+        QCOMPARE(f.defaults->integerForKey("iconReadingOrder"), 1);
+        // A reading order that is already right still lets the orientation through.
+        f.defaults->setInteger(2, "iconReadingOrder");
+        f.defaults->setInteger(1, "groupOrientation");
+        QCOMPARE(f.view->iconLayout().preferences().groupOrientation, 1);
+        f.defaults->setInteger(0, "groupOrientation");
+        QCOMPARE(f.view->groupShown(), 2); // no bunching: the flat twin
+        QCOMPARE(f.view->iconLayout().bunchCount(), 1);
+    }
+
+    void emptyListsAndTinyPanelsStaySane()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(9); // no favourites
+        QCOMPARE(f.view->iconLayout().rowCount(), 0);
+        QCOMPARE(f.view->iconLayout().bunchCount(), 0);
+        QVERIFY(f.view->coordsOfPoint(QPointF(20, 20)).isEmpty());
+        QVERIFY(f.view->viewSize() == QSizeF(f.view->size())); // keeps the size it has
+        QVERIFY(!f.view->grab().isNull());
+        QVERIFY(!f.key(Qt::Key_Return, "\r") || f.view->keyFilteredApps1D().isEmpty());
+        QTest::mouseClick(f.view.get(), Qt::LeftButton, {}, QPoint(20, 20));
+
+        f.view->setGroupToShow(1);
+        f.view->setMaxIconViewSize(QSizeF(10, 10)); // smaller than one cell
+        QCOMPARE(f.view->iconLayout().iconWidth(), 1);
+        f.view->setMaxIconViewSize(QSizeF(-5, 1e12));
+        QCOMPARE(f.view->iconLayout().iconWidth(), 64);
+        QVERIFY(!f.view->grab().isNull());
+        f.view->setGroupToShow(42); // no such group
+        QCOMPARE(f.view->iconLayout().rowCount(), 0);
+    }
+};
+
+QTEST_MAIN(TestIconViewLayout)
+#include "moc_iconviewfixture.cpp"
+#include "tst_iconviewlayout.moc"

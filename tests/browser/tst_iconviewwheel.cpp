@@ -1,0 +1,94 @@
+// The scroll wheel over the icon view: letter stepping up and down the alphabet, and the
+// sideways swipe that switches groups once per swipe.
+#include "iconviewfixture.h"
+
+#include "browser/hvswipegesture.h"
+
+class TestIconViewWheel : public QObject
+{
+    Q_OBJECT
+
+    static QList<QStringList> apps() { return {{"Alpha", "Zulu"}}; }
+
+private slots:
+    void init() { HVSwipeGesture::shared().reset(); }
+
+    void theWheelStepsOneLetterThroughTheAlphabet()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        NotificationSpy filter("N_FilterStringChanged");
+        f.wheel(QPointF(0, 1)); // one line is not yet past one line
+        QCOMPARE(f.view->filterSubstring(), QString());
+        QCOMPARE(filter.count, 0);
+        f.wheel(QPointF(0, 0.5));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("z")); // up from nothing: z
+        QCOMPARE(f.filtered(), QStringList({"Zulu"}));
+        QCOMPARE(filter.count, 1);
+        f.wheel(QPointF(0, 2.5));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("y")); // up moves back in the alphabet
+        f.wheel(QPointF(0, -0.5));                                // against the sum: only starts it again
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("y"));
+        f.wheel(QPointF(0, -1.5));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("z"));
+        f.wheel(QPointF(0, -1.5)); // past z: no filter
+        QCOMPARE(f.view->filterSubstring(), QString());
+        f.wheel(QPointF(0, -1.5));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("a"));
+        QVERIFY(!f.view->isFilterSubstringTimerRunning());
+
+        f.defaults->setBool(true, "reverseScrollWheel");
+        f.wheel(QPointF(0, -1.5));
+        QCOMPARE(f.view->filterSubstring(), QString()); // reversed: down steps back past a
+        f.wheel(QPointF(0, 2));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("a"));
+    }
+
+    void aTypedWordHoldsTheWheelOffUntilThePause()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        f.type("zu");
+        f.wheel(QPointF(0, 3));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("zu"));
+        f.view->filterSubstringTimerFired();
+        f.wheel(QPointF(0, 3));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("z"));
+    }
+
+    void aSwipeSwitchesExactlyOneGroup()
+    {
+        IconViewFixture f(apps());
+        f.showGroup(1);
+        NotificationSpy next("N_SelectNextIconGroup");
+        NotificationSpy previous("N_SelectPrevIconGroup");
+        for (int i = 0; i < 6; ++i) // +5 lines every 10 ms: +25 after the first event
+            f.wheel(QPointF(5, 0), 1000 + 10 * i);
+        QCOMPARE(next.count, 1);
+        QCOMPARE(next.last.object.value<QObject*>(), f.view.get());
+        QCOMPARE(previous.count, 0);
+        // A second swipe, after a pause, the other way.
+        for (int i = 0; i < 6; ++i)
+            f.wheel(QPointF(-5, 0), 2000 + 10 * i);
+        QCOMPARE(next.count, 1);
+        QCOMPARE(previous.count, 1);
+        QCOMPARE(f.view->filterSubstring(), QString());
+    }
+
+    void aSwipeThatTurnsBackStartsItsDistanceAgain()
+    {
+        HVSwipeGesture swipe;
+        QCOMPARE(swipe.addEvent(4, 0), HVSwipeGesture::NoSwitch); // starts the clock
+        QCOMPARE(swipe.addEvent(8, 10), HVSwipeGesture::NoSwitch);
+        QCOMPARE(swipe.addEvent(-1, 20), HVSwipeGesture::NoSwitch); // turns back: distance 0
+        QCOMPARE(swipe.addEvent(8, 30), HVSwipeGesture::NoSwitch);
+        QCOMPARE(swipe.addEvent(2.5, 40), HVSwipeGesture::NextGroup);
+        QCOMPARE(swipe.addEvent(20, 50), HVSwipeGesture::NoSwitch);   // swallowed after the switch
+        QCOMPARE(swipe.addEvent(-20, 300), HVSwipeGesture::NoSwitch); // a new swipe starts
+        QCOMPARE(swipe.addEvent(-11, 310), HVSwipeGesture::PreviousGroup);
+    }
+};
+
+QTEST_MAIN(TestIconViewWheel)
+#include "moc_iconviewfixture.cpp"
+#include "tst_iconviewwheel.moc"
