@@ -1,5 +1,6 @@
 #include "hvcontroller.h"
 
+#include "firstpaintprobe.h"
 #include "hvwindow.h"
 #include "modifiermonitor.h"
 
@@ -8,6 +9,8 @@
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
+#include "platform/desktopappactions.h"
+#include "platform/desktopsession.h"
 #include "platform/gioentryreader.h"
 #include "platform/globalhotkey.h"
 #include "platform/nimbobus.h"
@@ -26,9 +29,15 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     : QObject(parent), m_defaults(defaults ? defaults : HVUserDefaults::standardUserDefaults())
 {
     initialize(m_defaults);
-    m_appManager = new HVAppManager(m_defaults, std::make_shared<GioEntryReader>(), nullptr, this);
+    m_session = std::make_unique<DesktopSession>();
+    m_appManager =
+        new HVAppManager(m_defaults, std::make_shared<GioEntryReader>(), m_session->appActions(), this);
+    m_session->desktopActions()->setRecordLookup(
+        [this](const QString& path) { return m_appManager->appForPath(path); });
+    m_appManager->setRunningAppsSource(m_session->runningApps());
     m_iconView = new HVIconView(m_appManager, m_defaults);
     m_mainWindow = new HVWindow(m_iconView, m_defaults);
+    new FirstPaintProbe(m_iconView);
     m_hotKey = new GlobalHotKey(this);
     m_modifierMonitor = new ModifierMonitor(this);
     m_bus = new NimboBusService(this);
@@ -56,6 +65,7 @@ HVController::~HVController()
         HVNotificationCenter::defaultCenter()->removeObserver(this);
     }
     delete m_mainWindow;
+    m_appManager->setRunningAppsSource(nullptr); // the session's tracker goes first
 }
 
 HVKeyPathObserverTable HVController::halvornKeyPathObservers(HVUserDefaults* defaults)

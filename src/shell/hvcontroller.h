@@ -10,6 +10,9 @@
 #include <QDateTime>
 #include <QObject>
 
+#include <memory>
+
+class DesktopSession;
 class GlobalHotKey;
 class HVAppManager;
 class HVIconView;
@@ -94,6 +97,7 @@ private:
     void updateTaskbarPresence();
 
     HVUserDefaults* m_defaults;
+    std::unique_ptr<DesktopSession> m_session;
     HVAppManager* m_appManager;
     HVIconView* m_iconView;
     HVWindow* m_mainWindow;

@@ -4,6 +4,7 @@
 #include "support/testenvironment.h"
 
 #include "browser/hviconview.h"
+#include "catalogue/hvappmanager.h"
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvwindow.h"
@@ -77,6 +78,24 @@ private slots:
         QTRY_VERIFY(panel()->isActiveWindow());
         QVERIFY(xdotool({"key", "Escape"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
+    }
+
+    void typingAndReturnLaunchTheSingleMatch()
+    {
+        xdotool({"key", "ctrl+Tab"});
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+        QVERIFY(xdotool({"type", "--delay", "50", "ter"}));
+        QVERIFY(xdotool({"key", "Return"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
+        QTRY_VERIFY(controller->appManager()->isAppRunning(
+            controller->appManager()->appForPath(env.dataHome() + "/applications/terminal.desktop")));
+        controller->appManager()->quitApp(
+            controller->appManager()->appForPath(env.dataHome() + "/applications/terminal.desktop"));
+        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
+        xdotool({"key", "ctrl+Tab"});
+        QTRY_VERIFY(controller->mainWindowIsVisible());
     }
 
     void theGroupShownLastIsRemembered()
