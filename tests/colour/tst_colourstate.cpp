@@ -83,6 +83,14 @@ private slots:
         QVERIFY(picked({colour(0.0, 0.0, 0.6, 949), colour(120.0, 0.5, 0.5, 51)}).colorSortValue() < 1.0);
     }
 
+    void colouredFromTheStoredFloatOn()
+    {
+        // A colour is coloured from the minimum saturation as stored, a float: 0.14f is a little
+        // more than 0.14.
+        QVERIFY(picked({colour(100.0, double(0.14f), 0.5, 100)}).colorSortValue() < 1.0);
+        QCOMPARE_EXACT(picked({colour(100.0, 0.14, 0.5, 100)}).colorSortValue(), 1.25);
+    }
+
     void greyIconsBySecondaryColour()
     {
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.5, 100)}, byGrays()).colorSortValue(), 1.75);
