@@ -7,7 +7,9 @@
 #include "colour/gammatables.h"
 #include "colour/huebins.h"
 
+#include <atomic>
 #include <cmath>
+#include <thread>
 
 namespace {
 SpectrumColor bin(double l, double u, double v, quint64 count)
@@ -264,6 +266,46 @@ private slots:
         const auto asColours = DominantColorsFromSpectrum(bins, 6, 0.14, 50.0);
         QCOMPARE(asColours->size(), size_t(1));
         QCOMPARE_EXACT(asColours->at(0).luv.c2, 7.0);
+    }
+
+    void analysesOnSeveralThreadsAgree()
+    {
+        // Loading threads analyse icons while the main thread does too: the shared gamma table and
+        // each thread's reused colour table must keep analyses apart, and leave no colour behind.
+        std::vector<QImage> icons;
+        for (int k = 0; k < 4; ++k) {
+            QImage icon = filledBitmap(32, 32, uchar(40 * k), 120, uchar(200 - 40 * k), 255);
+            for (int y = 0; y < 32; ++y)
+                for (int x = 0; x < 32; x += 3 + k)
+                    setPixelBytes(&icon, x, y, uchar(x * 8), uchar(255 - y * 8), uchar(k * 60),
+                                  uchar(64 + y));
+            icons.push_back(icon);
+        }
+        std::vector<std::vector<SpectrumColor>> expected;
+        for (const QImage& icon : icons)
+            expected.push_back(
+                *HVBitmapRep::fromImage(icon).createDominantColorsWithCount(6, 0.14, 0.02, 50.0));
+        std::atomic<int> mismatches = 0;
+        std::vector<std::thread> threads;
+        for (int t = 0; t < 4; ++t) {
+            threads.emplace_back([&, t] {
+                for (int i = 0; i < 200; ++i) {
+                    const size_t k = size_t(t + i) % icons.size();
+                    const auto colors =
+                        HVBitmapRep::fromImage(icons[k]).createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+                    bool same = colors && colors->size() == expected[k].size();
+                    for (size_t c = 0; same && c < colors->size(); ++c)
+                        same = colors->at(c).count == expected[k][c].count &&
+                               colors->at(c).luv.c1 == expected[k][c].luv.c1 &&
+                               colors->at(c).luv.c2 == expected[k][c].luv.c2;
+                    if (!same)
+                        ++mismatches;
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(mismatches.load(), 0);
     }
 
     void countAndMinimumLuminosity()
