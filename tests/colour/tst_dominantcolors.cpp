@@ -127,8 +127,17 @@ private slots:
         {
             uchar r, g, b;
             int bin;
-        } cases[] = {{129, 129, 128, 360}, {148, 147, 147, 12}, {248, 248, 248, 22},
-                     {40, 0, 0, 360},      {0, 0, 0, 360},      {255, 0, 0, 12}};
+        } cases[] = {{129, 129, 128, 360},
+                     {148, 147, 147, 12},
+                     {248, 248, 248, 22},
+                     {40, 0, 0, 360},
+                     {0, 0, 0, 360},
+                     {255, 0, 0, 12},
+                     // Hues round to the nearest degree, and 359.62 wraps round to bin 0 with 0.26;
+                     // 0.65 goes to bin 1.
+                     {150, 12, 66, 0},
+                     {150, 21, 66, 0},
+                     {150, 0, 63, 1}};
         for (const auto& c : cases) {
             const auto spectrum =
                 HVBitmapRep::fromImage(filledBitmap(2, 2, c.r, c.g, c.b)).createColorSpectrum();
