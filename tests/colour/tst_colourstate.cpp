@@ -74,6 +74,8 @@ private slots:
     {
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 1.0, 100)}).colorSortValue(), 1.0);
         QCOMPARE_EXACT(picked({colour(271.0, 0.0001, 1.02, 100)}).colorSortValue(), 1.0);
+        // A black colour sorts last among the greys. (An icon of black alone never yields one:
+        // its weightless colour ranks behind the empty hue bins and is not kept.)
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.0, 100)}).colorSortValue(), 1.5);
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, -0.1, 100)}).colorSortValue(), 1.5);
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.4, 100)}).colorSortValue(), 1.3);
