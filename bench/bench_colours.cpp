@@ -1,9 +1,9 @@
 // The colour analysis of real application icons: every apps icon of Papirus and the full-colour
-// legacy icons of Adwaita, drawn at 128 px as the icon loader draws them, each analysed as a
+// legacy icons of Adwaita, drawn at 128 px as nimboctl colors draws them, each analysed as a
 // record analyses a new icon (dominant colours, sort value, display list). Reports the median
 // and 95th percentile per icon.
 //
-// Besides the benchmark, two modes serve bench/compare-colours.sh:
+// Besides the benchmark, three modes serve bench/compare-colours.sh:
 //   bench_colours --write-png DIR [STEP]  draws every STEP-th icon and writes it to DIR as a PNG
 //   bench_colours --time-png DIR          times the analysis of each PNG of DIR (5 runs each)
 //                                         and prints: icons, median ms, 95th percentile ms
@@ -14,7 +14,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QImage>
 #include <QSet>

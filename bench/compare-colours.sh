@@ -21,6 +21,10 @@ set -- $("$BENCH" --time-png "$TMP/icons")
 ICONS=$1
 OURS_MEDIAN=$2
 OURS_P95=$3
+if [ -z "$ICONS" ] || [ "$ICONS" -eq 0 ]; then
+    echo "no icons drawn: are papirus-icon-theme and adwaita-icon-theme installed?"
+    exit 0
+fi
 echo "icons: $ICONS (every ${STEP}th, drawn at 128 px)"
 echo "nimbo:   median $OURS_MEDIAN ms   p95 $OURS_P95 ms per icon"
 
