@@ -23,24 +23,55 @@ bool samplesInside(const PixelManipulationOffsets& o, bool gray)
 }
 } // namespace
 
-void ColorHashTable::addPixel(int bucket, std::uint8_t r, std::uint8_t g, std::uint8_t b, quint64 weight)
+namespace {
+// Zeroed bucket heads left by the thread's last table, if any.
+thread_local std::vector<std::uint32_t> spareHeads;
+} // namespace
+
+ColorHashTable::~ColorHashTable()
+{
+    release();
+}
+
+void ColorHashTable::release()
+{
+    if (m_heads.size() == size_t(BucketCount)) {
+        for (std::uint16_t bucket : m_usedBuckets)
+            m_heads[bucket] = 0;
+        if (spareHeads.empty())
+            spareHeads = std::move(m_heads);
+    }
+    m_heads = {};
+    m_usedBuckets = {};
+    m_rows = {};
+    m_distinctColors = 0;
+}
+
+std::uint32_t ColorHashTable::addPixel(int bucket, std::uint8_t r, std::uint8_t g, std::uint8_t b,
+                                       quint64 weight)
 {
     for (std::uint32_t i = m_heads[bucket]; i != 0;) {
         Row& row = m_rows[i - 1];
         if (row.red == r && row.green == g && row.blue == b) {
             row.count += weight;
-            return;
+            return i;
         }
         i = row.next;
     }
+    if (m_heads[bucket] == 0)
+        m_usedBuckets.push_back(std::uint16_t(bucket));
     m_rows.push_back(Row{r, g, b, 255, m_heads[bucket], weight});
     m_heads[bucket] = std::uint32_t(m_rows.size());
     ++m_distinctColors;
+    return m_heads[bucket];
 }
 
 template<bool Gray, bool HasAlpha>
 void ColorHashTable::countPixels(const PixelManipulationOffsets& o)
 {
+    // Neighbouring pixels mostly share their colour: the row of the last counted pixel is
+    // taken again without a look-up.
+    std::uint32_t lastColor = 0xFFFFFFFF, lastRow = 0;
     for (qint64 x = 0; x < o.pixelsWide; ++x) {
         const uchar* column = o.bitmapData + x * o.bytesPerPixel;
         for (qint64 y = 0; y < o.pixelsHigh; ++y) {
@@ -53,10 +84,21 @@ void ColorHashTable::countPixels(const PixelManipulationOffsets& o)
             }
             if constexpr (Gray) {
                 const std::uint8_t gray = pixel[o.grayOffset];
-                addPixel(gray, gray, gray, gray, weight);
+                if (gray == lastColor) {
+                    m_rows[lastRow - 1].count += weight;
+                    continue;
+                }
+                lastRow = addPixel(gray, gray, gray, gray, weight);
+                lastColor = gray;
             } else {
                 const std::uint8_t r = pixel[o.redOffset], g = pixel[o.greenOffset], b = pixel[o.blueOffset];
-                addPixel(bucketOf(r, g, b), r, g, b, weight);
+                const std::uint32_t color = std::uint32_t(r) | std::uint32_t(g) << 8 | std::uint32_t(b) << 16;
+                if (color == lastColor) {
+                    m_rows[lastRow - 1].count += weight;
+                    continue;
+                }
+                lastRow = addPixel(bucketOf(r, g, b), r, g, b, weight);
+                lastColor = color;
             }
         }
     }
@@ -64,10 +106,12 @@ void ColorHashTable::countPixels(const PixelManipulationOffsets& o)
 
 bool ColorHashTable::build(const HVBitmapRep& bitmap)
 {
-    m_rows.clear();
-    m_distinctColors = 0;
+    release();
     try {
-        m_heads.assign(BucketCount, 0);
+        if (!spareHeads.empty())
+            m_heads = std::move(spareHeads);
+        else
+            m_heads.assign(BucketCount, 0);
     } catch (const std::bad_alloc&) {
         std::fputs("\nout of memory allocating hash table", stderr);
         return false;
@@ -75,20 +119,20 @@ bool ColorHashTable::build(const HVBitmapRep& bitmap)
     const PixelManipulationOffsets o = bitmap.pixelManipulationOffsetsWithImageGamma(1.0 / 2.2);
     const bool gray = o.samplesPerPixel != 3 && o.samplesPerPixel != 4;
     if (!o.valid || !samplesInside(o, gray)) {
-        m_heads = {};
+        release();
         return false;
     }
     try {
-        m_rows.reserve(size_t(std::min<qint64>(o.pixelsWide * o.pixelsHigh, 1 << 16)));
+        const size_t expected = size_t(std::min<qint64>(o.pixelsWide * o.pixelsHigh, 1 << 16));
+        m_rows.reserve(expected);
+        m_usedBuckets.reserve(expected);
         if (gray)
             o.hasAlpha ? countPixels<true, true>(o) : countPixels<true, false>(o);
         else
             o.hasAlpha ? countPixels<false, true>(o) : countPixels<false, false>(o);
     } catch (const std::bad_alloc&) {
         std::fputs("\nout of memory computing hash table", stderr);
-        m_heads = {};
-        m_rows = {};
-        m_distinctColors = 0;
+        release();
         return false;
     }
     if (o.hasAlpha) {
@@ -103,7 +147,7 @@ std::optional<std::vector<ColorCount>> ColorHashTable::flatten()
 {
     if (m_distinctColors < 1) {
         std::fputs("\nzero colors specified for histogram", stderr);
-        m_heads = {};
+        release();
         return std::nullopt;
     }
     std::vector<ColorCount> histogram;
@@ -111,17 +155,18 @@ std::optional<std::vector<ColorCount>> ColorHashTable::flatten()
         histogram.reserve(size_t(m_distinctColors));
     } catch (const std::bad_alloc&) {
         std::fputs("\nout of memory generating histogram", stderr);
+        release();
         return std::nullopt;
     }
-    for (std::uint32_t head : m_heads) {
-        for (std::uint32_t i = head; i != 0; i = m_rows[i - 1].next) {
+    // Bucket 0 first: the used buckets in order, the empty ones in between hold nothing.
+    std::sort(m_usedBuckets.begin(), m_usedBuckets.end());
+    for (std::uint16_t bucket : m_usedBuckets) {
+        for (std::uint32_t i = m_heads[bucket]; i != 0; i = m_rows[i - 1].next) {
             const Row& row = m_rows[i - 1];
             histogram.push_back(ColorCount{row.red, row.green, row.blue, row.alpha, row.count});
         }
     }
-    m_heads = {};
-    m_rows = {};
-    m_distinctColors = 0;
+    release();
     return histogram;
 }
 

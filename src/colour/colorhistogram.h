@@ -1,7 +1,8 @@
 // The distinct colours of a bitmap and how many pixels have each. Pixels are counted in a hash
 // table of 65,536 buckets (columns outer, rows inner; each new colour pushed at the head of its
 // bucket's chain), weighted by their alpha byte when the bitmap has alpha, and then flattened
-// bucket by bucket into the histogram.
+// bucket by bucket into the histogram. The bucket heads are reused from one table to the next on
+// a thread, and only the buckets a bitmap used are visited and cleared again.
 #pragma once
 
 #include "hvbitmaprep.h"
@@ -27,6 +28,11 @@ class ColorHashTable
 public:
     static constexpr int BucketCount = 65536;
 
+    ColorHashTable() = default;
+    ColorHashTable(const ColorHashTable&) = delete;
+    ColorHashTable& operator=(const ColorHashTable&) = delete;
+    ~ColorHashTable();
+
     // The bucket of an RGB colour.
     static int bucketOf(int r, int g, int b) { return (r * 33023 + g * 30013 + b * 27011) & 0xFFFF; }
 
@@ -46,9 +52,13 @@ private:
     };
     template<bool Gray, bool HasAlpha>
     void countPixels(const struct PixelManipulationOffsets& o);
-    void addPixel(int bucket, std::uint8_t r, std::uint8_t g, std::uint8_t b, quint64 weight);
+    // Counts a pixel of this colour; returns the index + 1 of its row.
+    std::uint32_t addPixel(int bucket, std::uint8_t r, std::uint8_t g, std::uint8_t b, quint64 weight);
+    // Empties the used buckets and hands the heads back for the thread's next table.
+    void release();
 
     std::vector<std::uint32_t> m_heads; // index + 1 of each bucket's newest row, 0 when empty
+    std::vector<std::uint16_t> m_usedBuckets;
     std::vector<Row> m_rows;
     quint64 m_distinctColors = 0;
 };

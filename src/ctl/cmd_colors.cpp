@@ -132,8 +132,11 @@ int runColors(const QStringList& args)
     int status = 0;
     for (const QString& file : options.files) {
         QString error;
-        const QImage image =
-            QFileInfo(file).isDir() ? QImage() : HVImageExtras::readImage(file, size, &error);
+        // With size 0 nothing is drawn, but the file is still read (at one pixel, so that a picture
+        // declaring a huge size is not rendered at it) to tell unreadable files apart.
+        const QImage image = QFileInfo(file).isDir()
+                                 ? QImage()
+                                 : HVImageExtras::readImage(file, size.expandedTo(QSize(1, 1)), &error);
         if (image.isNull()) {
             if (error.isEmpty())
                 error = QStringLiteral("not an image file");

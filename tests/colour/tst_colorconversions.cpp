@@ -34,6 +34,12 @@ private slots:
         const ColorQuad exactWhite = Luv_From_XYZ(d65);
         QVERIFY(std::fabs(exactWhite.c2) < 1e-9 && std::fabs(exactWhite.c3) < 1e-9);
         QCOMPARE_EXACT(DeltaE_uv({100.0, 0.0, 0.0, 1.0}, {0.0, 0.0, 0.0, 1.0}), 0.0);
+        // Yet white as the icons have it is not exactly there: u* and v* are measured against
+        // the white of x 0.31271, y 0.32902, so sRGB white, and the rounded white above, lie
+        // 0.0145 from black in the u*v* plane rather than at 0.
+        const ColorQuad srgbWhite = Luv_From_XYZ(XYZ_From_LinearRGB({1.0, 1.0, 1.0, 1.0}));
+        QVERIFY(std::fabs(DeltaE_uv(srgbWhite, {0.0, 0.0, 0.0, 1.0}) - 0.0145) < 1e-4);
+        QVERIFY(std::fabs(DeltaE_uv(white, {0.0, 0.0, 0.0, 1.0}) - 0.0145) < 1e-4);
     }
 
     void sRGBRedThroughTheWholeChain()

@@ -74,6 +74,8 @@ private slots:
     {
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 1.0, 100)}).colorSortValue(), 1.0);
         QCOMPARE_EXACT(picked({colour(271.0, 0.0001, 1.02, 100)}).colorSortValue(), 1.0);
+        // A black colour sorts last among the greys. (An icon of black alone never yields one:
+        // its weightless colour ranks behind the empty hue bins and is not kept.)
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.0, 100)}).colorSortValue(), 1.5);
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, -0.1, 100)}).colorSortValue(), 1.5);
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.4, 100)}).colorSortValue(), 1.3);
@@ -81,6 +83,14 @@ private slots:
         QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.6, 950), colour(120.0, 0.5, 0.5, 50)}).colorSortValue(),
                        1.2);
         QVERIFY(picked({colour(0.0, 0.0, 0.6, 949), colour(120.0, 0.5, 0.5, 51)}).colorSortValue() < 1.0);
+    }
+
+    void colouredFromTheStoredFloatOn()
+    {
+        // A colour is coloured from the minimum saturation as stored, a float: 0.14f is a little
+        // more than 0.14.
+        QVERIFY(picked({colour(100.0, double(0.14f), 0.5, 100)}).colorSortValue() < 1.0);
+        QCOMPARE_EXACT(picked({colour(100.0, 0.14, 0.5, 100)}).colorSortValue(), 1.25);
     }
 
     void greyIconsBySecondaryColour()

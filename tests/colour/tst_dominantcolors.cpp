@@ -7,7 +7,9 @@
 #include "colour/gammatables.h"
 #include "colour/huebins.h"
 
+#include <atomic>
 #include <cmath>
+#include <thread>
 
 namespace {
 SpectrumColor bin(double l, double u, double v, quint64 count)
@@ -125,14 +127,56 @@ private slots:
         {
             uchar r, g, b;
             int bin;
-        } cases[] = {{129, 129, 128, 360}, {148, 147, 147, 12}, {248, 248, 248, 22},
-                     {40, 0, 0, 360},      {0, 0, 0, 360},      {255, 0, 0, 12}};
+        } cases[] = {{129, 129, 128, 360},
+                     {148, 147, 147, 12},
+                     {248, 248, 248, 22},
+                     {40, 0, 0, 360},
+                     {0, 0, 0, 360},
+                     {255, 0, 0, 12},
+                     // Hues round to the nearest degree, and 359.62 wraps round to bin 0 with 0.26;
+                     // 0.65 goes to bin 1.
+                     {150, 12, 66, 0},
+                     {150, 21, 66, 0},
+                     {150, 0, 63, 1}};
         for (const auto& c : cases) {
             const auto spectrum =
                 HVBitmapRep::fromImage(filledBitmap(2, 2, c.r, c.g, c.b)).createColorSpectrum();
             QCOMPARE(spectrum.size(), size_t(361));
             QCOMPARE(binOf(spectrum), c.bin);
         }
+    }
+
+    void samplesAreDecodedWithAPurePowerLaw()
+    {
+        // Mid grey (128) decodes to (128/255)^2.2 = 0.2195 of full light, L* 53.976; the piecewise
+        // sRGB curve would give L* 53.585.
+        const auto spectrum = HVBitmapRep::fromImage(filledBitmap(2, 2, 128, 128, 128)).createColorSpectrum();
+        QVERIFY(std::fabs(spectrum[SpectrumGrayBin].luv.c1 - 53.976) < 0.001);
+    }
+
+    void weightlessColoursRankWithTheEmptyBins()
+    {
+        // Bins are ranked by the difference of their weights truncated to an integer, and equal
+        // bins keep their places. Black weighs 0, so the grey bin stays behind all the empty
+        // bins, and the copy of the strongest bins stops at the first empty one: an icon of
+        // black alone has no colours at all (although a black colour would sort as the darkest
+        // grey), and black beside a colour is lost however much of the icon it covers.
+        StderrCapture quiet;
+        const auto black = HVBitmapRep::fromImage(filledBitmap(8, 8, 0, 0, 0))
+                               .createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+        QVERIFY(black && black->empty());
+        QImage half = filledBitmap(8, 8, 0, 0, 0);
+        for (int y = 0; y < 4; ++y)
+            for (int x = 0; x < 8; ++x)
+                setPixelBytes(&half, x, y, 230, 20, 20);
+        const auto red = HVBitmapRep::fromImage(half).createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+        QCOMPARE(red->size(), size_t(1));
+        QCOMPARE(red->at(0).count, quint64(32));
+        // A dark grey that weighs at least 1 is ranked, and kept.
+        const auto dark = HVBitmapRep::fromImage(filledBitmap(8, 8, 30, 30, 30))
+                              .createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+        QCOMPARE(dark->size(), size_t(1));
+        QVERIFY(quiet.text().isEmpty());
     }
 
     void spectrumMeansWeighByCount()
@@ -216,6 +260,61 @@ private slots:
         QCOMPARE(DominantColorsFromSpectrum(edge, 6, 0.14, 50.0)->size(), size_t(1));
         std::vector<SpectrumColor> above{bin(50.0, 0.0, 0.0, 994), bin(50.0, 80.0, 0.0, 6)};
         QCOMPARE(DominantColorsFromSpectrum(above, 6, 0.14, 50.0)->size(), size_t(2));
+    }
+
+    void minimumSaturationIsTheStoredFloat()
+    {
+        // The preference is a float: 0.14f is 0.14000000059604645, so a saturation of 0.14 is
+        // below it and both bins merge as greys, whatever their hues.
+        const std::vector<SpectrumColor> bins{bin(50.0, 14.0, 0.0, 100), bin(50.0, 0.0, 14.0, 100)};
+        QCOMPARE(bins[1].saturation, 0.14);
+        const auto asGreys = DominantColorsFromSpectrum(bins, 6, double(0.14f), 50.0);
+        QCOMPARE(asGreys->size(), size_t(1));
+        QCOMPARE_EXACT(asGreys->at(0).luv.c2 + asGreys->at(0).saturation, 0.0);
+        // At exactly 0.14 both are coloured, and being close they merge as colours.
+        const auto asColours = DominantColorsFromSpectrum(bins, 6, 0.14, 50.0);
+        QCOMPARE(asColours->size(), size_t(1));
+        QCOMPARE_EXACT(asColours->at(0).luv.c2, 7.0);
+    }
+
+    void analysesOnSeveralThreadsAgree()
+    {
+        // Loading threads analyse icons while the main thread does too: the shared gamma table and
+        // each thread's reused colour table must keep analyses apart, and leave no colour behind.
+        std::vector<QImage> icons;
+        for (int k = 0; k < 4; ++k) {
+            QImage icon = filledBitmap(32, 32, uchar(40 * k), 120, uchar(200 - 40 * k), 255);
+            for (int y = 0; y < 32; ++y)
+                for (int x = 0; x < 32; x += 3 + k)
+                    setPixelBytes(&icon, x, y, uchar(x * 8), uchar(255 - y * 8), uchar(k * 60),
+                                  uchar(64 + y));
+            icons.push_back(icon);
+        }
+        std::vector<std::vector<SpectrumColor>> expected;
+        for (const QImage& icon : icons)
+            expected.push_back(
+                *HVBitmapRep::fromImage(icon).createDominantColorsWithCount(6, 0.14, 0.02, 50.0));
+        std::atomic<int> mismatches = 0;
+        std::vector<std::thread> threads;
+        for (int t = 0; t < 4; ++t) {
+            threads.emplace_back([&, t] {
+                for (int i = 0; i < 200; ++i) {
+                    const size_t k = size_t(t + i) % icons.size();
+                    const auto colors =
+                        HVBitmapRep::fromImage(icons[k]).createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+                    bool same = colors && colors->size() == expected[k].size();
+                    for (size_t c = 0; same && c < colors->size(); ++c)
+                        same = colors->at(c).count == expected[k][c].count &&
+                               colors->at(c).luv.c1 == expected[k][c].luv.c1 &&
+                               colors->at(c).luv.c2 == expected[k][c].luv.c2;
+                    if (!same)
+                        ++mismatches;
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(mismatches.load(), 0);
     }
 
     void countAndMinimumLuminosity()
