@@ -190,6 +190,8 @@ int main(int argc, char** argv)
                     static_cast<long long>(scanCount));
         std::printf("  GIO get_all + should_show, first call   %8.2f ms  %d shown\n", first * 1e3, gioCount);
         std::printf("  GIO get_all + should_show, later calls  %8.2f ms\n", indexed * 1e3);
+        if (scanCount != gioCount)
+            std::printf("  (the scan and GIO disagree on the number of applications)\n");
         std::printf("  ratio scan / GIO first call   %.2f\n", scan / first);
         if (indexed > 0)
             std::printf("  ratio scan / GIO later calls  %.2f\n", scan / indexed);
