@@ -6,7 +6,6 @@
 #include "desktopfixture.h"
 
 #include "catalogue/hvappmanager.h"
-#include "catalogue/hvarraycontroller.h"
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
@@ -207,7 +206,6 @@ private slots:
         const QString entry = m_fixture.writeEntry(QStringLiteral("nimbotest-doomed.desktop"), "Exec=sh\n");
         HVUserDefaults defaults(m_fixture.env().root() +
                                 QStringLiteral("/missing-%1/Nimbo.conf").arg(QTest::currentDataTag()));
-        HVArrayController::initialize(&defaults); // the scan folders' defaults, as at start-up
         auto actions = std::make_shared<DesktopAppActions>(nullptr, nullptr, DesktopFixture::environment());
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>(), actions);
         actions->setRecordLookup([&manager](const QString& path) { return manager.appForPath(path); });
