@@ -1,4 +1,5 @@
 #include "hvappmanager.h"
+#include "hvarraycontroller.h"
 
 #include "iconstate.h"
 #include "scanstate.h"
@@ -64,6 +65,9 @@ void HVAppManager::initialize(HVUserDefaults* defaults)
 
 void HVAppManager::awakeFromNib()
 {
+    // The scan folders' defaults (and the move from the older preference) are taken up before
+    // observing, so that taking them up at the first scan is not a change that scans again.
+    HVArrayController::initialize(m_defaults);
     HVKeyPathObserving::registerHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
     HVNotificationCenter* center = HVNotificationCenter::defaultCenter();
     center->addButFirstRemoveObserver(this, "scanPathListDidChange",

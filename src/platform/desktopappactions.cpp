@@ -71,8 +71,11 @@ bool DesktopAppActions::launch(HVApp& app, const std::optional<QList<QUrl>>& ite
 
 void DesktopAppActions::announceMissing(const QString& path)
 {
-    auto post = [this, path] {
-        HVAppRef record = m_lookup ? m_lookup(path) : nullptr;
+    // Copies, so that the answer does not depend on this object outliving the queued call.
+    auto post = [lookup = m_lookup, openUntitledFile = m_openUntitledFile, path] {
+        if (openUntitledFile)
+            openUntitledFile();
+        HVAppRef record = lookup ? lookup(path) : nullptr;
         if (!record)
             record = std::make_shared<HVApp>(path);
         HVNotificationCenter::defaultCenter()->postNotificationName(HVNotificationNames::AppIsMissing,

@@ -27,6 +27,12 @@ public:
     {
         m_lookup = std::move(lookup);
     }
+    // What the shell does when a launch finds its application gone, before the catalogue hears
+    // of it: it brings its panel back (called on the main thread).
+    void setOpenUntitledFile(std::function<void()> openUntitledFile)
+    {
+        m_openUntitledFile = std::move(openUntitledFile);
+    }
 
     bool launch(HVApp& app, const std::optional<QList<QUrl>>& items) override;
     bool pid(const HVApp& app, qint64* pid) const override;
@@ -52,4 +58,5 @@ private:
     GioLauncher m_launcher;
     MimeAcceptance m_mime;
     std::function<HVAppRef(const QString&)> m_lookup;
+    std::function<void()> m_openUntitledFile;
 };

@@ -46,6 +46,13 @@ GAppLaunchContext* contextWithEnvironment(const QStringList& found)
     return context;
 }
 
+// Something to run: a command line, or activation over D-Bus.
+bool hasCommand(GDesktopAppInfo* info)
+{
+    const char* command = g_app_info_get_commandline(G_APP_INFO(info));
+    return (command && *command) || g_desktop_app_info_get_boolean(info, "DBusActivatable");
+}
+
 bool programExists(const QByteArray& program)
 {
     gchar* found = g_find_program_in_path(program.constData());
@@ -87,6 +94,11 @@ LaunchOutcome GioLauncher::launch(const QString& entryPath, const QByteArrayList
     GDesktopAppInfo* info = g_desktop_app_info_new_from_filename(QFile::encodeName(entryPath).constData());
     if (!info)
         return {problemWithEntry(entryPath), "g_desktop_app_info_new_from_filename()"};
+    // GIO loads an entry whose Exec is empty and then reports launching it as a success.
+    if (!hasCommand(info)) {
+        g_object_unref(info);
+        return {LaunchOutcome::Unusable, "g_app_info_get_commandline()"};
+    }
     GList* list = nullptr;
     for (const QByteArray& uri : uris)
         list = g_list_append(list, const_cast<char*>(uri.constData()));

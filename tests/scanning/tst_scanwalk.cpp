@@ -243,6 +243,26 @@ private slots:
         QCOMPARE(h.defaults().objectForKey("searchDirectories").toList(), folderList({"/x", "~/y"}));
     }
 
+    // Started as the application starts it (observing first, then the first scan), the catalogue
+    // scans once: taking up the default scan folders is no change of them. The excluded
+    // application that is gone stays in the missing list that scan made.
+    void startingUpScansOnce()
+    {
+        CatalogueHarness h;
+        HVAppManager& m = h.manager();
+        const QString apps = h.env().dataHome() + "/applications";
+        EntryTree::app(apps + "/a.desktop");
+        h.writeUserFile(HVListFileNames::ExcludedApplications, {apps + "/gone.desktop"});
+        m.awakeFromNib();
+        m.rescanAllAppsPrioritizingGroup(HVAppGroupIncluded);
+        QCOMPARE(scansSeen(), 1);
+        QCOMPARE(CatalogueHarness::names(m.missingApps()), QStringList{"gone"});
+        QTest::qWait(50);
+        QCOMPARE(scansSeen(), 1);
+        QCOMPARE(CatalogueHarness::names(m.missingApps()), QStringList{"gone"});
+        m.tearDown();
+    }
+
     void rescanningFollowsFolderChangesAndMissingApps()
     {
         CatalogueHarness h;

@@ -1,0 +1,341 @@
+// What the desktop does for a record beyond its windows, through real desktop entries, GIO and
+// the private session bus: launching with hostile file names (the stand-in program records the
+// arguments it gets), a launch whose entry or program is gone, revealing in the file manager
+// (a FileManager1 service of the test's own, then no file manager at all) and handing an
+// application to the remover.
+#include "desktopfixture.h"
+
+#include "catalogue/hvappmanager.h"
+#include "common/hvnotificationcenter.h"
+#include "common/hvuserdefaults.h"
+#include "common/notificationnames.h"
+#include "platform/desktopappactions.h"
+#include "platform/gioentryreader.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QRegularExpression>
+
+#include <cstdio>
+#include <thread>
+
+namespace {
+// A file manager that only remembers what it was asked to show.
+class FileManagerService : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+public:
+    QList<QStringList> shown;
+    QStringList startupIds;
+
+public slots:
+    void ShowItems(const QStringList& uris, const QString& startupId)
+    {
+        shown.append(uris);
+        startupIds.append(startupId);
+    }
+};
+
+// Listens for "N_AppIsMissing" and notes it in a shared list of events.
+class MissingListener : public QObject
+{
+    Q_OBJECT
+public:
+    explicit MissingListener(QStringList* events) : m_events(events)
+    {
+        HVNotificationCenter::defaultCenter()->addObserver(this, "appIsMissing",
+                                                           HVNotificationNames::AppIsMissing);
+    }
+    QList<HVAppRef> apps;
+
+public slots:
+    void appIsMissing(const HVNotification& notification)
+    {
+        apps.append(notification.object.value<HVAppRef>());
+        m_events->append(QStringLiteral("missing"));
+    }
+
+private:
+    QStringList* m_events;
+};
+
+// Names a shell would trip over, and one that is not UTF-8 at all.
+const QList<QByteArray> HostileNames = {"with  two spaces.txt",
+                                        "quote's \"double\".txt",
+                                        "line\nbreak\r.txt",
+                                        "--rf",
+                                        "-n",
+                                        "ünïcødé ✓ 名前.txt",
+                                        "100% %F %u %%.txt",
+                                        "$(touch pwned)",
+                                        "`touch pwned`",
+                                        "a;touch pwned&|b>c",
+                                        "*?[x]{a,b}~ #!",
+                                        "back\\slash\ttab",
+                                        "\xff\xfe latin-1 \xe9.txt"};
+
+QByteArray quoted(const QString& path)
+{
+    return "\"" + QFile::encodeName(path) + "\"";
+}
+} // namespace
+
+class TestDesktopActions : public QObject
+{
+    Q_OBJECT
+public:
+    explicit TestDesktopActions(DesktopFixture& fixture) : m_fixture(fixture) {}
+
+private:
+    DesktopFixture& m_fixture;
+    std::shared_ptr<DesktopAppActions> m_actions =
+        std::make_shared<DesktopAppActions>(nullptr, nullptr, DesktopFixture::environment());
+    QString m_drops;
+
+    // Writes an entry that runs the recorder (without a window) with the Exec tail given.
+    QString writeRecorderEntry(const QString& fileName, const QString& record, const QByteArray& tail,
+                               const QByteArray& lines = QByteArray()) const
+    {
+        return m_fixture.writeEntry(fileName, "Exec=" + quoted(QStringLiteral(NIMBO_ARGV_RECORDER)) +
+                                                  " --no-window " + quoted(record) + " " + tail + "\n" +
+                                                  lines);
+    }
+    HVAppRef recordFor(const QString& path) const
+    {
+        auto app = std::make_shared<HVApp>(path);
+        app->setActions(m_actions);
+        return app;
+    }
+    // What the launched program got, once it has written it.
+    static QList<QByteArray> waitForArguments(const QString& record)
+    {
+        if (!QTest::qWaitFor([&] { return QFile::exists(record); }, 10000))
+            return {QByteArrayLiteral("(nothing recorded)")};
+        return DesktopFixture::recordedArguments(record);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_drops = m_fixture.env().root() + QStringLiteral("/drops");
+        QVERIFY(QDir().mkpath(m_drops));
+        for (const QByteArray& name : HostileNames) {
+            std::FILE* file = std::fopen(QFile::encodeName(m_drops) + "/" + name, "w");
+            QVERIFY(file);
+            std::fclose(file);
+        }
+        // GIO reads the application folders and mimeapps.list once: every entry is there before.
+        const QByteArray inDrops = "Path=" + QFile::encodeName(m_drops) + "\n";
+        writeRecorderEntry("nimbotest-paths.desktop", m_fixture.recordFile("paths"), "%F", inDrops);
+        writeRecorderEntry("nimbotest-uris.desktop", m_fixture.recordFile("uris"), "%U",
+                           inDrops + "X-GIO-NoFuse=true\n");
+        writeRecorderEntry("nimbotest-localuris.desktop", m_fixture.recordFile("localuris"), "%U", inDrops);
+        writeRecorderEntry(QStringLiteral("nimbotest-folders.desktop"), m_fixture.recordFile("folder"), "%U",
+                           "MimeType=inode/directory;\n");
+        m_fixture.env().writeFile(QStringLiteral("config/mimeapps.list"),
+                                  "[Default Applications]\ninode/directory=nimbotest-folders.desktop\n");
+        writeRecorderEntry(QStringLiteral("nimbotest-remover.desktop"), m_fixture.recordFile("remover"), "%U",
+                           "MimeType=x-scheme-handler/appstream;\n");
+        writeRecorderEntry(QStringLiteral("nimbotest-notremover.desktop"), m_fixture.recordFile("remover"),
+                           "%U", "MimeType=text/plain;\n");
+        QVERIFY(QDBusConnection::sessionBus().isConnected());
+    }
+
+    void cleanupTestCase()
+    {
+        // QDir cannot name the file whose name is not UTF-8 to remove it.
+        for (const QByteArray& name : HostileNames)
+            std::remove(QFile::encodeName(m_drops) + "/" + name);
+    }
+
+    // Every name arrives as one argument of its own, exactly as it is: with %F as a path, with %U
+    // as the URI it was dropped as (GIO hands local files to %U as paths too, unless the entry
+    // says X-GIO-NoFuse); nothing on the way is a shell.
+    void launchingWithFilesPassesHostileNamesIntact_data()
+    {
+        QTest::addColumn<bool>("asUris");
+        QTest::newRow("paths") << false;
+        QTest::newRow("uris") << true;
+        QTest::newRow("localuris") << false;
+    }
+    void launchingWithFilesPassesHostileNamesIntact()
+    {
+        QFETCH(bool, asUris);
+        const QString record = m_fixture.recordFile(QString::fromLatin1(QTest::currentDataTag()));
+        const QString entry = m_fixture.applicationsDir() +
+                              QStringLiteral("/nimbotest-%1.desktop").arg(QTest::currentDataTag());
+        QList<QUrl> items;
+        QList<QByteArray> expected;
+        for (const QByteArray& name : HostileNames) {
+            const QByteArray path = QFile::encodeName(m_drops) + "/" + name;
+            // A drop of a name that is not UTF-8 can only come as its percent-encoded URI.
+            const QUrl url = QString::fromUtf8(name).toUtf8() == name
+                                 ? QUrl::fromLocalFile(QString::fromUtf8(path))
+                                 : QUrl::fromEncoded("file://" + path.toPercentEncoding("/"));
+            QVERIFY2(url.isValid(), name.constData());
+            items.append(url);
+            expected.append(asUris ? url.toEncoded() : path);
+        }
+        QVERIFY(recordFor(entry)->launchWithItems(items));
+        QCOMPARE(waitForArguments(record), expected);
+        QVERIFY(!QFile::exists(m_drops + QStringLiteral("/pwned")));
+    }
+
+    // The entry goes after the scan found it: the launch fails with one log line naming the call
+    // made, the shell is asked to bring its panel back, then the catalogue hears of the record and
+    // rescans at once, so the excluded application is missing and leaves the favourites. Launching
+    // runs on a worker thread, as from the panel; the catalogue answers on the main thread.
+    void aDeletedEntryTakesTheMissingPath_data()
+    {
+        QTest::addColumn<QByteArray>("call");
+        QTest::addColumn<bool>("deleteEntry");
+        QTest::addColumn<QByteArray>("exec");
+        QTest::newRow("entry deleted")
+            << QByteArray("g_desktop_app_info_new_from_filename()") << true << QByteArray("Exec=sh\n");
+        QTest::newRow("program gone") << QByteArray("g_desktop_app_info_new_from_filename()") << false
+                                      << QByteArray("Exec=/nonexistent/nimbo-program %F\n");
+        QTest::newRow("TryExec gone") << QByteArray("g_desktop_app_info_new_from_filename()") << false
+                                      << QByteArray("Exec=sh\nTryExec=nimbo-no-such-program\n");
+    }
+    void aDeletedEntryTakesTheMissingPath()
+    {
+        QFETCH(QByteArray, call);
+        QFETCH(bool, deleteEntry);
+        QFETCH(QByteArray, exec);
+        const QString entry = m_fixture.writeEntry(QStringLiteral("nimbotest-doomed.desktop"), "Exec=sh\n");
+        HVUserDefaults defaults(m_fixture.env().root() +
+                                QStringLiteral("/missing-%1/Nimbo.conf").arg(QTest::currentDataTag()));
+        auto actions = std::make_shared<DesktopAppActions>(nullptr, nullptr, DesktopFixture::environment());
+        HVAppManager manager(&defaults, std::make_shared<GioEntryReader>(), actions);
+        actions->setRecordLookup([&manager](const QString& path) { return manager.appForPath(path); });
+        QStringList events;
+        actions->setOpenUntitledFile([&events] { events.append(QStringLiteral("panel")); });
+        MissingListener listener(&events);
+        manager.awakeFromNib();
+
+        manager.fullScan();
+        const HVAppRef doomed = manager.appForPath(entry);
+        QVERIFY(manager.allApps1D().contains(doomed));
+        manager.excludeApp(doomed);
+        manager.moveApp(doomed, HVAppGroupUser1D, 0, 0);
+        QCOMPARE(manager.userApps1D(), HVAppBunch({doomed}));
+
+        if (deleteEntry)
+            QVERIFY(QFile::remove(entry));
+        else
+            m_fixture.writeEntry(QStringLiteral("nimbotest-doomed.desktop"), exec);
+        const QByteArray url = doomed->url().toEncoded();
+        QTest::ignoreMessage(
+            QtWarningMsg,
+            QRegularExpression(QStringLiteral("^%1 returned err: -43 for URL: %2$")
+                                   .arg(QRegularExpression::escape(call), QRegularExpression::escape(url))));
+        bool launched = true;
+        std::thread worker([&] { launched = doomed->launchWithItems(std::nullopt); });
+        worker.join();
+        QVERIFY(!launched);
+        QTRY_COMPARE(events, QStringList({"panel", "missing"}));
+        QCOMPARE(listener.apps.size(), 1);
+        QCOMPARE(listener.apps.first().get(), doomed.get());
+        QVERIFY(!manager.allApps1D().contains(doomed));
+        QCOMPARE(manager.missingApps(), HVAppBunch({doomed}));
+        QVERIFY(manager.userApps1D().isEmpty());
+        manager.tearDown();
+        QFile::remove(entry);
+    }
+
+    // An entry that cannot launch as it stands is not missing: one log line, no rescan.
+    void anUnusableEntryFailsWithOneLogLine_data()
+    {
+        QTest::addColumn<QByteArray>("exec");
+        QTest::addColumn<QString>("call");
+        QTest::newRow("empty") << QByteArray("Exec=\n") << "g_app_info_get_commandline()";
+        QTest::newRow("malformed") << QByteArray("Exec=\"sh -c\n")
+                                   << "g_desktop_app_info_new_from_filename()";
+        QTest::newRow("no Exec") << QByteArray("Comment=x\n") << "g_app_info_get_commandline()";
+    }
+    void anUnusableEntryFailsWithOneLogLine()
+    {
+        QFETCH(QByteArray, exec);
+        QFETCH(QString, call);
+        const QString entry = m_fixture.writeEntry(QStringLiteral("nimbotest-unusable.desktop"), exec);
+        QStringList events;
+        MissingListener listener(&events);
+        m_actions->setOpenUntitledFile([&events] { events.append(QStringLiteral("panel")); });
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("^%1 returned err: -1 for URL: file://")
+                                                    .arg(QRegularExpression::escape(call))));
+        QVERIFY(!recordFor(entry)->launchWithItems(QList<QUrl>({QUrl::fromLocalFile(m_drops)})));
+        QCoreApplication::processEvents();
+        QVERIFY(events.isEmpty());
+        m_actions->setOpenUntitledFile({});
+    }
+
+    // The file manager on the bus is asked to show the entry itself; with none there, the
+    // entry's folder opens with the default handler for folders.
+    void revealReachesTheFileManagerOnTheSessionBus()
+    {
+        QDBusConnection bus =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("fm"));
+        FileManagerService service;
+        QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &service,
+                                   QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.FileManager1")));
+        const QString folderRecord = m_fixture.recordFile(QStringLiteral("folder"));
+
+        const QString entry =
+            m_fixture.writeEntry(QStringLiteral("sub dir ü/nimbotest reveal #1.desktop"), "Exec=sh\n");
+        recordFor(entry)->revealInFinder();
+        QTRY_COMPARE(service.shown.size(), 1);
+        QCOMPARE(service.shown.first(),
+                 QStringList({QString::fromUtf8(QUrl::fromLocalFile(entry).toEncoded())}));
+        QCOMPARE(QUrl(service.shown.first().first()).toLocalFile(), entry);
+        QCOMPARE(service.startupIds, QStringList({QString()}));
+        // The file manager answered: no folder is opened as well.
+        QTest::qWait(300);
+        QVERIFY(!QFile::exists(folderRecord));
+
+        QVERIFY(bus.unregisterService(QStringLiteral("org.freedesktop.FileManager1")));
+        QTRY_VERIFY(!QDBusConnection::sessionBus().interface()->isServiceRegistered(
+            QStringLiteral("org.freedesktop.FileManager1")));
+        recordFor(entry)->revealInFinder();
+        const QList<QByteArray> opened = waitForArguments(folderRecord);
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(opened.first(), QFile::encodeName(QFileInfo(entry).absolutePath()));
+        QCOMPARE(service.shown.size(), 1);
+        bus.unregisterObject(QStringLiteral("/org/freedesktop/FileManager1"));
+        QDBusConnection::disconnectFromBus(QStringLiteral("fm"));
+    }
+
+    // The remover is launched with the entry's desktop ID as an appstream: URI; a remover that is
+    // not installed, or that does not open such links, is not launched and says why in one line.
+    void theRemoverIsLaunchedWithTheAppstreamUri()
+    {
+        const QString record = m_fixture.recordFile(QStringLiteral("remover"));
+        const QString nested = m_fixture.writeEntry(QStringLiteral("vendor/tool.desktop"), "Exec=sh\n");
+        const QString outside =
+            m_fixture.env().writeFile(QStringLiteral("elsewhere/Odd Name+ü.desktop"), "[Desktop Entry]\n");
+
+        // Inside the application folders an entry's desktop ID names its sub-folders too.
+        QVERIFY(recordFor(nested)->sendForDeletionWithAppBundleIdentifier("nimbotest-remover.desktop"));
+        QCOMPARE(waitForArguments(record), QList<QByteArray>({"appstream://vendor-tool"}));
+        QVERIFY(QFile::remove(record));
+        QVERIFY(recordFor(outside)->sendForDeletionWithAppBundleIdentifier("nimbotest-remover.desktop"));
+        QCOMPARE(waitForArguments(record), QList<QByteArray>({"appstream://Odd%20Name%2B%C3%BC"}));
+        QVERIFY(QFile::remove(record));
+
+        QTest::ignoreMessage(QtWarningMsg,
+                             "The application remover \"nimbotest-notremover.desktop\" does not "
+                             "open x-scheme-handler/appstream links");
+        QVERIFY(!recordFor(nested)->sendForDeletionWithAppBundleIdentifier("nimbotest-notremover.desktop"));
+        QTest::ignoreMessage(QtWarningMsg,
+                             "The application remover \"org.gnome.Software.desktop\" is not installed");
+        QVERIFY(!recordFor(nested)->sendForDeletionWithAppBundleIdentifier("org.gnome.Software.desktop"));
+        QVERIFY(!recordFor(nested)->sendForDeletionWithAppBundleIdentifier(QString()));
+        QTest::qWait(300);
+        QVERIFY(!QFile::exists(record));
+    }
+};
+
+NIMBO_DESKTOP_TEST_MAIN(TestDesktopActions, QCoreApplication)
+#include "tst_desktopactions.moc"
