@@ -9,6 +9,7 @@
 #include "common/xdgpaths.h"
 
 #include <QDir>
+#include <QFile>
 
 DesktopIconSource::Settings DesktopIconSource::userSettings()
 {
@@ -71,13 +72,20 @@ LoadedIcon DesktopIconSource::loadIcon(const IconRequest& request, QString* erro
                              cached->themeFingerprint == fingerprint &&
                              FileStamp::of(cached->iconFile) == cached->icon;
         if (cached && !current) {
-            why = QStringLiteral("stale");
-            cached.reset();
-        }
-        if (!cached && why != QLatin1String("not cached")) {
+            // Expected whenever an entry, an icon or a theme changes: rebuilt without a word.
             ++m_rejected;
-            qCDebug(lcIconLoading, "cached icon of %s rebuilt: %s", qUtf8Printable(request.path),
-                    qUtf8Printable(why));
+            qCDebug(lcIconLoading, "cached icon of %s is stale: rebuilt", qUtf8Printable(request.path));
+            cached.reset();
+        } else if (!cached && why == QLatin1String("another version")) {
+            ++m_rejected; // written by an older Nimbo: replaced as it is met
+            qCDebug(lcIconLoading, "cached icon of %s is of another version", qUtf8Printable(request.path));
+        } else if (!cached && why != QLatin1String("not cached")) {
+            // A damaged file is never shown; it goes, so that it cannot be read again.
+            ++m_rejected;
+            const QString file = m_cache.fileForKey(key);
+            qWarning("Icon cache file %s for %s is unusable (%s): removed, the icon is rendered again",
+                     qUtf8Printable(file), qUtf8Printable(request.path), qUtf8Printable(why));
+            QFile::remove(file);
         }
     }
     if (cached) {
