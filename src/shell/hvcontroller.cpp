@@ -5,9 +5,11 @@
 
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
+#include "catalogue/iconloader.h"
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
+#include "platform/desktopiconsource.h"
 #include "platform/gioentryreader.h"
 #include "platform/globalhotkey.h"
 #include "platform/nimbobus.h"
@@ -26,6 +28,9 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     : QObject(parent), m_defaults(defaults ? defaults : HVUserDefaults::standardUserDefaults())
 {
     initialize(m_defaults);
+    // Icons come from the user's icon theme, through the persistent icon cache; the catalogue
+    // loads them when it is first filled.
+    IconLoader::sharedIconLoader()->setIconSource(std::make_shared<DesktopIconSource>());
     m_appManager = new HVAppManager(m_defaults, std::make_shared<GioEntryReader>(), nullptr, this);
     m_iconView = new HVIconView(m_appManager, m_defaults);
     m_mainWindow = new HVWindow(m_iconView, m_defaults);
