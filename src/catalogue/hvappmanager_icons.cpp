@@ -2,6 +2,7 @@
 // be shown first. The queue is first in, first out, so the order of the calls here is the order
 // in which icons arrive.
 #include "hvappmanager.h"
+#include "iconloader.h"
 
 #include "common/hvuserdefaults.h"
 
@@ -25,6 +26,7 @@ void HVAppManager::loadIconsForApps(const HVAppBunch& apps)
     if (apps.isEmpty())
         return;
     const IconParameters params = iconParametersFromPreferences();
+    const IconLoader::Batch batch(IconLoader::sharedIconLoader());
     // A copy: records announce their new colours as they go, and observers may touch the lists.
     const HVAppBunch records = apps;
     for (const HVAppRef& app : records)
@@ -36,6 +38,7 @@ void HVAppManager::loadIconsForApps(const HVAppBunches& bunches)
     if (bunches.isEmpty())
         return;
     const IconParameters params = iconParametersFromPreferences();
+    const IconLoader::Batch batch(IconLoader::sharedIconLoader());
     const HVAppBunches records = bunches;
     for (const HVAppBunch& bunch : records) {
         for (const HVAppRef& app : bunch)
@@ -77,6 +80,7 @@ void HVAppManager::loadAllIconsPrioritizingGroup(int group)
     for (const HVAppBunch* list : {&m_allApps1D, &m_userApps1D})
         std::for_each(list->cbegin(), list->cend(), take);
     std::for_each(m_everythingSet.cbegin(), m_everythingSet.cend(), take);
+    const IconLoader::Batch batch(IconLoader::sharedIconLoader());
     loadIconsForApps(firstApps);
     loadIconsForApps(rest);
 }

@@ -6,7 +6,9 @@
 #include <QDeadlineTimer>
 #include <QSemaphore>
 #include <QThread>
+
 #include <QtDebug>
+#include <utility>
 
 IconLoader* IconLoader::sharedIconLoader()
 {
@@ -60,7 +62,24 @@ void IconLoader::addOperation(IconLoadOperation* operation)
     }
     ++m_pending;
     operation->setAutoDelete(true);
-    m_queue.start(operation);
+    if (m_batchDepth > 0)
+        m_batched.append(operation);
+    else
+        m_queue.start(operation);
+}
+
+void IconLoader::beginBatch()
+{
+    ++m_batchDepth;
+}
+
+void IconLoader::endBatch()
+{
+    if (m_batchDepth == 0 || --m_batchDepth > 0)
+        return;
+    const QList<IconLoadOperation*> batched = std::exchange(m_batched, {});
+    for (IconLoadOperation* operation : batched)
+        m_queue.start(operation);
 }
 
 bool IconLoader::waitUntilIdle(int timeoutMs)

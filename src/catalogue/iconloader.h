@@ -5,6 +5,7 @@
 
 #include "iconsource.h"
 
+#include <QList>
 #include <QMutex>
 #include <QObject>
 #include <QThreadPool>
@@ -35,6 +36,24 @@ public:
     // Queues the operation (the loader owns it from now on).
     void addOperation(IconLoadOperation* operation);
 
+    // Between these (main thread only; they nest), operations are held and then started
+    // together, in the order they came: the loads of a whole catalogue then do not compete for
+    // the cores with the main thread while it is still queueing them.
+    void beginBatch();
+    void endBatch();
+    // Holds the loader's operations for the life of the object.
+    class Batch
+    {
+    public:
+        explicit Batch(IconLoader* loader) : m_loader(loader) { m_loader->beginBatch(); }
+        ~Batch() { m_loader->endBatch(); }
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+
+    private:
+        IconLoader* m_loader;
+    };
+
     // Operations queued or running whose result has not yet been handed over.
     int pendingLoads() const { return m_pending.load(); }
     // Runs the main thread's events until every queued icon is handed over or `timeoutMs`
@@ -58,4 +77,6 @@ private:
     std::atomic<int> m_pending{0};
     std::atomic<bool> m_stopping{false};
     bool m_warnedNoSource = false;
+    int m_batchDepth = 0;
+    QList<IconLoadOperation*> m_batched;
 };

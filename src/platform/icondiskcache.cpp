@@ -1,12 +1,14 @@
 #include "icondiskcache.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QThread>
 
+#include <cstdio>
 #include <cstring>
 #include <sys/stat.h>
 
@@ -180,6 +182,23 @@ bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) 
     bytes.append(reinterpret_cast<const char*>(&sum), 8);
     if (!QDir().mkpath(m_folder))
         return false;
-    QSaveFile file(fileForKey(key));
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    // Written aside and renamed over, so a reader never sees half a file. Not synced to disk: a
+    // file cut short by a crash fails its checksum and is rendered again, which is all a cache
+    // needs, and start-up does not wait for a thousand disk flushes.
+    const QString target = fileForKey(key);
+    const QString aside = QStringLiteral("%1.%2.%3")
+                              .arg(target)
+                              .arg(QCoreApplication::applicationPid())
+                              .arg(quintptr(QThread::currentThreadId()), 0, 16);
+    QFile file(aside);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    const bool written = file.write(bytes) == bytes.size() && file.flush();
+    file.close();
+    if (!written ||
+        ::rename(QFile::encodeName(aside).constData(), QFile::encodeName(target).constData()) != 0) {
+        QFile::remove(aside);
+        return false;
+    }
+    return true;
 }
