@@ -94,7 +94,7 @@ std::shared_ptr<const IconThemeLookup> DesktopIconSource::lookup(quint64* finger
         m_lookup = std::make_shared<const IconThemeLookup>(m_settings.themes);
         m_fingerprint = m_lookup->fingerprint();
         m_checked.start();
-    } else if (m_checked.hasExpired(m_settings.themeRecheckMs)) {
+    } else if (m_settings.themeRecheckMs <= 0 || m_checked.hasExpired(m_settings.themeRecheckMs)) {
         const quint64 now = m_lookup->fingerprint();
         if (now != m_fingerprint) {
             // Themes were installed, removed or changed: read them again.

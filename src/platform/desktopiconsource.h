@@ -26,7 +26,7 @@ public:
         IconThemeLookup::Settings themes;
         QString cacheFolder; // empty: no persistent cache
         // How long a check that the themes are unchanged holds (files replaced in place are
-        // noticed at once, by their own times).
+        // noticed at once, by their own times); 0 checks at every load.
         int themeRecheckMs = 2000;
     };
 

@@ -114,10 +114,18 @@ private slots:
         const QString path = entry(env, "firefox", "firefox");
         // Only a 32-pixel file: it is scaled up for 48.
         QCOMPARE(centre(start(env, path, "Mine").icon), qRgb(0, 255, 0));
-        // A file meant for 48 pixels arrives in the theme: it wins from now on.
+        // A file meant for 48 pixels arrives in the theme while Nimbo runs: it wins at the next
+        // load, and at the next start.
+        DesktopIconSource running(settings(env, "Mine"));
+        QString error;
+        QCOMPARE(centre(running.loadIcon({path, 48, 0.14f, 0.02f}, &error)), qRgb(0, 255, 0));
         env.writeFile("icons/Mine/48x48/apps/firefox.png", IconTestFiles::png(48, Qt::blue));
+        QCOMPARE(centre(running.loadIcon({path, 48, 0.14f, 0.02f}, &error)), qRgb(0, 0, 255));
+        QCOMPARE(running.counts().cacheHits, 1);
+        QCOMPARE(running.counts().renders, 1);
+        running.waitForCacheWrites();
         const Start installed = start(env, path, "Mine");
-        QCOMPARE(installed.counts.renders, 1);
+        QCOMPARE(installed.counts.cacheHits, 1);
         QCOMPARE(centre(installed.icon), qRgb(0, 0, 255));
 
         // Another theme chosen: its own icon; the first theme's stays cached for a switch back.

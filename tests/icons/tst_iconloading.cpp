@@ -195,32 +195,40 @@ private slots:
             QVERIFY(app->hasIcon());
     }
 
-    void missingFilesAndIcons()
+    void missingFilesAndHostileIcons()
     {
         CatalogueHarness h;
         const auto source = install(h.env());
         IconChangeRecorder changes;
         const QString gone = h.env().root() + "/apps/gone.desktop";
         const QString nameless = entry(h.env(), "nameless", "no-such-icon-anywhere");
-        const QString empty = h.env().writeFile("pixmaps/empty.png", QByteArray());
-        const QString zeroByte = entry(h.env(), "zero", empty);
+        const QString zeroByte = entry(h.env(), "zero", h.env().writeFile("pixmaps/empty.png", QByteArray()));
         const QString truncated = entry(
             h.env(), "truncated", h.env().writeFile("pixmaps/cut.png", IconTestFiles::pngHeader(64, 64)));
-        const HVAppBunch apps = h.apps({gone, nameless, zeroByte, truncated});
+        const QString huge = entry(
+            h.env(), "huge", h.env().writeFile("pixmaps/huge.png", IconTestFiles::pngHeader(20000, 20000)));
+        const QString absurd = entry(
+            h.env(), "absurd", h.env().writeFile("pixmaps/absurd.svg", IconTestFiles::svg("1e9", "1e9")));
+        const HVAppBunch apps = h.apps({gone, nameless, zeroByte, truncated, huge, absurd});
 
-        for (const QString& path : {nameless, zeroByte, truncated})
+        for (const QString& path : {nameless, zeroByte, truncated, huge})
             QTest::ignoreMessage(QtWarningMsg, qPrintable("main Error loading icon for path: " + path));
         h.manager().loadIconsForApps(apps);
         QVERIFY(waitForIcons());
-        // A missing entry loads nothing and shows "notfound"; so do entries without a usable icon.
+        // A missing entry loads nothing and shows "notfound"; so do entries without a usable
+        // icon, each with the one line above.
         QVERIFY(!apps[0]->isPathValid());
         QVERIFY(!source->startedPaths().contains(gone));
-        for (const HVAppRef& app : apps) {
+        for (const HVAppRef& app : apps.mid(0, 5)) {
             QCOMPARE(app->icon().cacheKey(), HVApp::notFoundImage().cacheKey());
             QCOMPARE(app->colorSortValue(), 10.0);
             QCOMPARE(changes.countFor(app), 1);
         }
         QVERIFY(apps[1]->isPathValid());
+        // An SVG that declares an absurd size is drawn at the icon size all the same.
+        QVERIFY(apps[5]->hasIcon());
+        QCOMPARE(apps[5]->icon().size(), QSize(128, 128));
+        QVERIFY(apps[5]->colorSortValue() < 1.0);
     }
 
     void coloursAndColourOrder()
