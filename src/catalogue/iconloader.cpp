@@ -1,6 +1,7 @@
 #include "iconloader.h"
 
 #include "iconloadoperation.h"
+#include "iconlogging.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -53,8 +54,9 @@ void IconLoader::addOperation(IconLoadOperation* operation)
     {
         QMutexLocker locker(&m_sourceMutex);
         if (!m_source) {
+            // Headless tools (nimboctl scan) fill catalogues without ever showing an icon.
             if (!m_warnedNoSource)
-                qWarning("No icon source is set: icons are not loaded");
+                qCDebug(lcIconLoading, "No icon source is set: icons are not loaded");
             m_warnedNoSource = true;
             delete operation;
             return;

@@ -28,7 +28,7 @@ public:
 
     QThreadPool* queue() { return &m_queue; }
 
-    // Where icons come from. Until a source is set, operations are dropped (logged once) and
+    // Where icons come from. Until a source is set, operations are dropped (a debug line, once) and
     // records keep the icon they have.
     void setIconSource(std::shared_ptr<IconSource> source);
     std::shared_ptr<IconSource> iconSource() const;
