@@ -54,6 +54,13 @@ DesktopIconSource::DesktopIconSource(Settings settings)
     : m_settings(std::move(settings)), m_cache(m_settings.cacheFolder)
 {
     m_writer.setMaxThreadCount(1);
+    if (!m_settings.cacheFolder.isEmpty()) {
+        m_writer.start([this] {
+            lowerThisThreadOnce(WritingNiceness);
+            if (const int removed = m_cache.removeLeftovers())
+                qCDebug(lcIconLoading, "%d half-written icon cache files removed", removed);
+        });
+    }
 }
 
 DesktopIconSource::~DesktopIconSource()

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QThread>
@@ -151,6 +152,20 @@ std::optional<IconCacheEntry> IconDiskCache::read(const IconCacheKey& key, QStri
         std::memcpy(entry.image.scanLine(y), pixels.constData() + qsizetype(y) * width * 4,
                     size_t(width) * 4);
     return entry;
+}
+
+int IconDiskCache::removeLeftovers(int minimumAgeSeconds) const
+{
+    // Files are written as "<key>.icon.<process>.<thread>" and renamed to "<key>.icon".
+    const QDateTime before = QDateTime::currentDateTime().addSecs(-minimumAgeSeconds);
+    int removed = 0;
+    const QFileInfoList aside =
+        QDir(m_folder).entryInfoList({QStringLiteral("*.icon.*")}, QDir::Files | QDir::Hidden | QDir::System);
+    for (const QFileInfo& file : aside) {
+        if (file.lastModified() < before && QFile::remove(file.filePath()))
+            ++removed;
+    }
+    return removed;
 }
 
 bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) const

@@ -137,6 +137,26 @@ private slots:
         QCOMPARE(centre(back.icon), qRgb(0, 0, 255));
     }
 
+    void halfWrittenFilesOfKilledProcessesGo()
+    {
+        TestEnvironment env;
+        auto hourOld = [&env](const QString& name, const QByteArray& contents) {
+            QFile file(env.writeFile("cache/Nimbo/icons/" + name, contents));
+            file.open(QIODevice::ReadWrite);
+            file.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime);
+            return file.fileName();
+        };
+        const QString leftover = hourOld("0a1b.icon.4242.7f00", "half");
+        const QString whole = hourOld("0e3f.icon", "whole");
+        const QString writing = env.writeFile("cache/Nimbo/icons/0c2d.icon.4243.7f00", "now");
+        {
+            DesktopIconSource source(settings(env));
+        }
+        QVERIFY(!QFile::exists(leftover));
+        QVERIFY(QFile::exists(whole));
+        QVERIFY(QFile::exists(writing)); // perhaps another Nimbo's, still writing
+    }
+
     void damagedCacheFileIsRebuilt_data()
     {
         QTest::addColumn<QString>("damage");
