@@ -77,6 +77,7 @@ private slots:
 
         // Held shut, the eight loaders take the first eight of the queue and the rest wait.
         source->shut();
+        const auto reopen = qScopeGuard([&source] { source->open(); }); // also when a check fails
         h.manager().rescanAllAppsPrioritizingGroup(group);
         QVERIFY(source->waitForStarted(IconLoader::MaxConcurrentLoads));
         QTest::qWait(50); // nothing beyond the eight may start
@@ -183,6 +184,7 @@ private slots:
         source->forget();
 
         source->shut();
+        const auto reopen = qScopeGuard([&source] { source->open(); });
         h.manager().clearIconsForAllApps();
         for (const HVAppRef& app : h.manager().allApps1D()) {
             QVERIFY(!app->hasIcon());
