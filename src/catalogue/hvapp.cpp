@@ -37,7 +37,14 @@ bool isVowel(unsigned char c)
 }
 } // namespace
 
-HVApp::HVApp(const QString& path) : m_path(standardizedPath(path)) {}
+HVApp::HVApp(const QString& path) : m_path(standardizedPath(path)), m_icon(dotImage())
+{
+    // Until icons are loaded: 128-pixel icons and no colour parameters at all.
+    IconParameters params;
+    params.iconSize = 128;
+    params.colorFraction = params.wrapHue = params.colorfulness = params.lightness = 0.0f;
+    m_colour.storeColorSortParameters(params);
+}
 
 QString HVApp::standardizedPath(const QString& path)
 {
@@ -144,34 +151,6 @@ void HVApp::findExcludedStringsInName()
             break;
         }
     }
-}
-
-QImage HVApp::icon() const
-{
-    return m_icon.isNull() ? notFoundImage() : m_icon;
-}
-
-void HVApp::setIcon(const QImage& icon)
-{
-    m_icon = icon;
-}
-
-void HVApp::resetIconToDot()
-{
-    m_icon = dotImage();
-    m_fileID = 0;
-}
-
-QImage HVApp::dotImage()
-{
-    static const QImage dot(QStringLiteral(":/dot.png"));
-    return dot;
-}
-
-QImage HVApp::notFoundImage()
-{
-    static const QImage notFound(QStringLiteral(":/notfound.png"));
-    return notFound;
 }
 
 QVariant HVApp::attributeForKey(const QString& key) const

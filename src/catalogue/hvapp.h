@@ -4,6 +4,9 @@
 #pragma once
 
 #include "appactions.h"
+#include "iconsource.h"
+
+#include "colour/hvcolourstate.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -18,7 +21,7 @@
 
 class QDataStream;
 
-class HVApp
+class HVApp : public std::enable_shared_from_this<HVApp>
 {
 public:
     explicit HVApp(const QString& path = QString());
@@ -56,18 +59,38 @@ public:
 
     // The icon: "dot" until one is loaded, "notfound" when there is none at all.
     QImage icon() const;
-    bool hasIcon() const { return !m_icon.isNull(); }
+    // Whether an icon of its own was given (not the "dot" shown while one loads).
+    bool hasIcon() const;
+    // A different image replaces the icon and its colours, which are found again at once.
     void setIcon(const QImage& icon);
     void resetIconToDot();
     static QImage dotImage();
     static QImage notFoundImage();
 
+    // Icon loading (hvapp_icon.cpp). The catalogue hands every record the parameters read from
+    // the preferences: letters and excluded words are refreshed, and the icon is fetched again
+    // only when the icon size or the entry file's inode changed (or there is no icon); otherwise
+    // the colour values are only worked out again from the icon already loaded.
+    void setIconParameters(const IconParameters& params);
+    void loadIconWithParameters(const IconParameters& params);
+    // A load's result, on the main thread: like setIcon, but takes the dominant colours the
+    // loading thread found when they were found with the record's parameters.
+    void setLoadedIcon(const LoadedIcon& loaded);
+    // Applies colour parameters to the icon (re-analysing or only re-picking as needed) and
+    // posts "N_AppIconChanged" with the record.
+    void setColorSortParameters(const IconParameters& params);
+    const IconParameters& colorSortParameters() const { return m_colour.colorSortParameters(); }
+    const HVColourState& colourState() const { return m_colour; }
+    const QList<SortedColor>& sortedColors() const { return m_colour.sortedColors(); }
+    // The icon drawn as a pie of its colours (the view shows it instead of the icon on request).
+    QImage spectrumIcon() const { return m_colour.spectrumIcon(icon()); }
+
     QVariant attributeForKey(const QString& key) const;
     void setAttributeForKey(const QVariant& value, const QString& key);
 
     // The colour order compares this value: coloured icons below 1, greys 1 to 2, 10 until analysed.
-    double colorSortValue() const { return m_colorSortValue; }
-    void setColorSortValue(double value) { m_colorSortValue = value; }
+    double colorSortValue() const { return m_colour.colorSortValue(); }
+    void setColorSortValue(double value) { m_colour.setColorSortValue(value); }
 
     // Desktop actions, carried out by the platform layer the catalogue gave the record.
     void setActions(std::shared_ptr<AppActions> actions) { m_actions = std::move(actions); }
@@ -88,6 +111,8 @@ public:
     static std::shared_ptr<HVApp> initWithCoder(QDataStream& stream);
 
 private:
+    void postIconChanged();
+
     QString m_path;
     QString m_displayName;
     bool m_pathIsValid = false;
@@ -97,7 +122,7 @@ private:
     quint64 m_fileID = 0;
     bool m_containsExcludedKeywords = false;
     QVariantMap m_attributes;
-    double m_colorSortValue = 10.0;
+    HVColourState m_colour; // colour parameters, dominant colours, display list and sort value
     std::shared_ptr<AppActions> m_actions;
 };
 

@@ -1,7 +1,6 @@
 #include "hvappmanager.h"
 #include "hvarraycontroller.h"
 
-#include "iconstate.h"
 #include "scanstate.h"
 
 #include "common/hvnotificationcenter.h"
@@ -24,8 +23,7 @@ HVListChange::~HVListChange()
 HVAppManager::HVAppManager(HVUserDefaults* defaults, std::shared_ptr<DesktopEntryReader> reader,
                            std::shared_ptr<AppActions> actions, QObject* parent)
     : QObject(parent), m_defaults(defaults ? defaults : HVUserDefaults::standardUserDefaults()),
-      m_reader(std::move(reader)), m_actions(std::move(actions)), m_scan(std::make_unique<HVScanState>()),
-      m_icons(std::make_unique<HVIconState>())
+      m_reader(std::move(reader)), m_actions(std::move(actions)), m_scan(std::make_unique<HVScanState>())
 {
     qRegisterMetaType<HVAppRef>();
     initialize(m_defaults);

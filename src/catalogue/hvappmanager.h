@@ -29,7 +29,6 @@
 class HVUserDefaults;
 class QTimer;
 struct HVScanState;
-struct HVIconState;
 
 namespace HVAppListKeys {
 inline const QString AllApps = QStringLiteral("allApps");
@@ -219,9 +218,15 @@ public:
     void spotlightQueryDidUpdate(const QList<struct HVEntryChange>& changes);
     QStringList spotlightWatchedFolders() const;
 
-    // Icons (hvappmanager_icons.cpp).
+    // Icons (hvappmanager_icons.cpp). Loads hand every record of the list (bunch by bunch for a
+    // grouped one) the icon parameters read once from the preferences; the records fetch what
+    // changed on the shared icon queue.
+    IconParameters iconParametersFromPreferences() const;
     void loadIconsForApps(const HVAppBunch& apps);
+    void loadIconsForApps(const HVAppBunches& bunches);
+    // The list of the group about to be shown first, then every other record of the catalogue.
     void loadAllIconsPrioritizingGroup(int group);
+    // Every application back to the "dot", then all of them loaded again.
     void clearIconsForAllApps();
 
 signals:
@@ -264,7 +269,6 @@ private:
     bool m_observing = false;
 
     std::unique_ptr<HVScanState> m_scan;
-    std::unique_ptr<HVIconState> m_icons;
 };
 
 // Brackets one change of the catalogue's lists with willChange / didChange of their keys.

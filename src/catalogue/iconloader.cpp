@@ -1,12 +1,15 @@
 #include "iconloader.h"
 
 #include "iconloadoperation.h"
+#include "iconlogging.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QSemaphore>
 #include <QThread>
+
 #include <QtDebug>
+#include <utility>
 
 IconLoader* IconLoader::sharedIconLoader()
 {
@@ -51,8 +54,9 @@ void IconLoader::addOperation(IconLoadOperation* operation)
     {
         QMutexLocker locker(&m_sourceMutex);
         if (!m_source) {
+            // Headless tools (nimboctl scan) fill catalogues without ever showing an icon.
             if (!m_warnedNoSource)
-                qWarning("No icon source is set: icons are not loaded");
+                qCDebug(lcIconLoading, "No icon source is set: icons are not loaded");
             m_warnedNoSource = true;
             delete operation;
             return;
@@ -60,7 +64,24 @@ void IconLoader::addOperation(IconLoadOperation* operation)
     }
     ++m_pending;
     operation->setAutoDelete(true);
-    m_queue.start(operation);
+    if (m_batchDepth > 0)
+        m_batched.append(operation);
+    else
+        m_queue.start(operation);
+}
+
+void IconLoader::beginBatch()
+{
+    ++m_batchDepth;
+}
+
+void IconLoader::endBatch()
+{
+    if (m_batchDepth == 0 || --m_batchDepth > 0)
+        return;
+    const QList<IconLoadOperation*> batched = std::exchange(m_batched, {});
+    for (IconLoadOperation* operation : batched)
+        m_queue.start(operation);
 }
 
 bool IconLoader::waitUntilIdle(int timeoutMs)

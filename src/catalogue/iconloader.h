@@ -5,6 +5,7 @@
 
 #include "iconsource.h"
 
+#include <QList>
 #include <QMutex>
 #include <QObject>
 #include <QThreadPool>
@@ -27,13 +28,31 @@ public:
 
     QThreadPool* queue() { return &m_queue; }
 
-    // Where icons come from. Until a source is set, operations are dropped (logged once) and
+    // Where icons come from. Until a source is set, operations are dropped (a debug line, once) and
     // records keep the icon they have.
     void setIconSource(std::shared_ptr<IconSource> source);
     std::shared_ptr<IconSource> iconSource() const;
 
     // Queues the operation (the loader owns it from now on).
     void addOperation(IconLoadOperation* operation);
+
+    // Between these (main thread only; they nest), operations are held and then started
+    // together, in the order they came: the loads of a whole catalogue then do not compete for
+    // the cores with the main thread while it is still queueing them.
+    void beginBatch();
+    void endBatch();
+    // Holds the loader's operations for the life of the object.
+    class Batch
+    {
+    public:
+        explicit Batch(IconLoader* loader) : m_loader(loader) { m_loader->beginBatch(); }
+        ~Batch() { m_loader->endBatch(); }
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+
+    private:
+        IconLoader* m_loader;
+    };
 
     // Operations queued or running whose result has not yet been handed over.
     int pendingLoads() const { return m_pending.load(); }
@@ -58,4 +77,6 @@ private:
     std::atomic<int> m_pending{0};
     std::atomic<bool> m_stopping{false};
     bool m_warnedNoSource = false;
+    int m_batchDepth = 0;
+    QList<IconLoadOperation*> m_batched;
 };

@@ -72,6 +72,8 @@ public:
     const QList<SortedColor>& sortedColors() const { return m_sortedColors; }
     void setSortedColors(const QList<SortedColor>& colors) { m_sortedColors = colors; }
     double colorSortValue() const { return m_colorSortValue; }
+    // A value given from outside the analysis (a record ordered by a value of its own).
+    void setColorSortValue(double value) { m_colorSortValue = value; }
 
     // Diagnostic images of iconSize x iconSize (the icon itself when iconSize is 0): a pie of the
     // display list's colours inside a ring of the first; bars of the colours by count; an

@@ -9,6 +9,33 @@
 #include "common/xdgpaths.h"
 
 #include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+// Loads run a little behind the main thread: with eight of them on a machine of few cores, the
+// panel must still get a core as soon as it has something to do.
+constexpr int LoadingNiceness = 10;
+// Cache files can wait until the icons are shown.
+constexpr int WritingNiceness = 19;
+
+void lowerThisThreadOnce(int niceness = LoadingNiceness)
+{
+    thread_local bool lowered = false;
+    if (lowered)
+        return;
+    lowered = true;
+    const pid_t thread = ::gettid();
+    errno = 0;
+    const int current = ::getpriority(PRIO_PROCESS, id_t(thread));
+    if (errno == 0)
+        ::setpriority(PRIO_PROCESS, id_t(thread), std::min(current + niceness, 19));
+}
+} // namespace
 
 DesktopIconSource::Settings DesktopIconSource::userSettings()
 {
@@ -25,7 +52,42 @@ DesktopIconSource::Settings DesktopIconSource::userSettings()
 
 DesktopIconSource::DesktopIconSource(Settings settings)
     : m_settings(std::move(settings)), m_cache(m_settings.cacheFolder)
-{}
+{
+    m_writer.setMaxThreadCount(1);
+    if (!m_settings.cacheFolder.isEmpty()) {
+        m_writer.start([this] {
+            lowerThisThreadOnce(WritingNiceness);
+            if (const int removed = m_cache.removeLeftovers())
+                qCDebug(lcIconLoading, "%d half-written icon cache files removed", removed);
+        });
+    }
+}
+
+DesktopIconSource::~DesktopIconSource()
+{
+    waitForCacheWrites();
+}
+
+void DesktopIconSource::waitForCacheWrites()
+{
+    m_writer.waitForDone();
+}
+
+void DesktopIconSource::writeToCache(const IconCacheKey& key, const IconCacheEntry& entry)
+{
+    if (m_queuedWrites.fetch_add(1) >= MaxQueuedWrites) {
+        // The writer is far behind: this load pays for its own file, which bounds the memory
+        // that waiting icons hold.
+        m_cache.write(key, entry);
+        --m_queuedWrites;
+        return;
+    }
+    m_writer.start([this, key, entry] {
+        lowerThisThreadOnce(WritingNiceness);
+        m_cache.write(key, entry);
+        --m_queuedWrites;
+    });
+}
 
 DesktopIconSource::Counts DesktopIconSource::counts() const
 {
@@ -39,7 +101,7 @@ std::shared_ptr<const IconThemeLookup> DesktopIconSource::lookup(quint64* finger
         m_lookup = std::make_shared<const IconThemeLookup>(m_settings.themes);
         m_fingerprint = m_lookup->fingerprint();
         m_checked.start();
-    } else if (m_checked.hasExpired(m_settings.themeRecheckMs)) {
+    } else if (m_settings.themeRecheckMs <= 0 || m_checked.hasExpired(m_settings.themeRecheckMs)) {
         const quint64 now = m_lookup->fingerprint();
         if (now != m_fingerprint) {
             // Themes were installed, removed or changed: read them again.
@@ -54,6 +116,7 @@ std::shared_ptr<const IconThemeLookup> DesktopIconSource::lookup(quint64* finger
 
 LoadedIcon DesktopIconSource::loadIcon(const IconRequest& request, QString* error)
 {
+    lowerThisThreadOnce();
     const FileStamp entryStamp = FileStamp::of(request.path);
     if (!entryStamp.exists) {
         *error = QStringLiteral("%1 does not exist").arg(request.path);
@@ -71,13 +134,20 @@ LoadedIcon DesktopIconSource::loadIcon(const IconRequest& request, QString* erro
                              cached->themeFingerprint == fingerprint &&
                              FileStamp::of(cached->iconFile) == cached->icon;
         if (cached && !current) {
-            why = QStringLiteral("stale");
-            cached.reset();
-        }
-        if (!cached && why != QLatin1String("not cached")) {
+            // Expected whenever an entry, an icon or a theme changes: rebuilt without a word.
             ++m_rejected;
-            qCDebug(lcIconLoading, "cached icon of %s rebuilt: %s", qUtf8Printable(request.path),
-                    qUtf8Printable(why));
+            qCDebug(lcIconLoading, "cached icon of %s is stale: rebuilt", qUtf8Printable(request.path));
+            cached.reset();
+        } else if (!cached && why == QLatin1String("another version")) {
+            ++m_rejected; // written by an older Nimbo: replaced as it is met
+            qCDebug(lcIconLoading, "cached icon of %s is of another version", qUtf8Printable(request.path));
+        } else if (!cached && why != QLatin1String("not cached")) {
+            // A damaged file is never shown; it goes, so that it cannot be read again.
+            ++m_rejected;
+            const QString file = m_cache.fileForKey(key);
+            qWarning("Icon cache file %s for %s is unusable (%s): removed, the icon is rendered again",
+                     qUtf8Printable(file), qUtf8Printable(request.path), qUtf8Printable(why));
+            QFile::remove(file);
         }
     }
     if (cached) {
@@ -89,7 +159,7 @@ LoadedIcon DesktopIconSource::loadIcon(const IconRequest& request, QString* erro
         }
         icon.analysis = IconAnalysisWork::analyse(icon.image, request.colorfulness, request.lightness);
         cached->analysis = icon.analysis;
-        m_cache.write(key, *cached);
+        writeToCache(key, *cached);
         ++m_colourUpdates;
         return icon;
     }
@@ -100,7 +170,7 @@ LoadedIcon DesktopIconSource::loadIcon(const IconRequest& request, QString* erro
     if (!icon.image.isNull()) {
         ++m_renders;
         if (caching)
-            m_cache.write(key, entry);
+            writeToCache(key, entry);
     }
     return icon;
 }

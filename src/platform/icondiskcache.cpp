@@ -1,12 +1,15 @@
 #include "icondiskcache.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QThread>
 
+#include <cstdio>
 #include <cstring>
 #include <sys/stat.h>
 
@@ -151,6 +154,20 @@ std::optional<IconCacheEntry> IconDiskCache::read(const IconCacheKey& key, QStri
     return entry;
 }
 
+int IconDiskCache::removeLeftovers(int minimumAgeSeconds) const
+{
+    // Files are written as "<key>.icon.<process>.<thread>" and renamed to "<key>.icon".
+    const QDateTime before = QDateTime::currentDateTime().addSecs(-minimumAgeSeconds);
+    int removed = 0;
+    const QFileInfoList aside =
+        QDir(m_folder).entryInfoList({QStringLiteral("*.icon.*")}, QDir::Files | QDir::Hidden | QDir::System);
+    for (const QFileInfo& file : aside) {
+        if (file.lastModified() < before && QFile::remove(file.filePath()))
+            ++removed;
+    }
+    return removed;
+}
+
 bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) const
 {
     const QImage image = entry.image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
@@ -180,6 +197,23 @@ bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) 
     bytes.append(reinterpret_cast<const char*>(&sum), 8);
     if (!QDir().mkpath(m_folder))
         return false;
-    QSaveFile file(fileForKey(key));
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    // Written aside and renamed over, so a reader never sees half a file. Not synced to disk: a
+    // file cut short by a crash fails its checksum and is rendered again, which is all a cache
+    // needs, and start-up does not wait for a thousand disk flushes.
+    const QString target = fileForKey(key);
+    const QString aside = QStringLiteral("%1.%2.%3")
+                              .arg(target)
+                              .arg(QCoreApplication::applicationPid())
+                              .arg(quintptr(QThread::currentThreadId()), 0, 16);
+    QFile file(aside);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    const bool written = file.write(bytes) == bytes.size() && file.flush();
+    file.close();
+    if (!written ||
+        ::rename(QFile::encodeName(aside).constData(), QFile::encodeName(target).constData()) != 0) {
+        QFile::remove(aside);
+        return false;
+    }
+    return true;
 }

@@ -56,6 +56,10 @@ public:
     // Replaces the key's file at once (written aside, then renamed); false when it cannot be written.
     bool write(const IconCacheKey& key, const IconCacheEntry& entry) const;
 
+    // Removes the half-written files a killed process left beside the cache files (older than
+    // `minimumAgeSeconds`, so that another process's writing is left alone); their number.
+    int removeLeftovers(int minimumAgeSeconds = 60) const;
+
 private:
     QString m_folder;
 };

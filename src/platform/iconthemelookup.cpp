@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QtDebug>
 
+#include <dirent.h>
 #include <limits>
 #include <sys/stat.h>
 
@@ -122,10 +123,10 @@ QString IconThemeLookup::findIcon(const QString& name, int pixels) const
             return found;
     }
     for (const QString& folder : m_settings.pixmapFolders) {
+        const QByteArray encodedFolder = QFile::encodeName(folder);
         for (const char* extension : Extensions) {
-            const QByteArray path = QFile::encodeName(folder) + '/' + encoded + extension;
-            if (isFile(path))
-                return QFile::decodeName(path);
+            if (hasFile(encodedFolder, encoded + extension))
+                return QFile::decodeName(encodedFolder + '/' + encoded + extension);
         }
     }
     return QString();
@@ -139,10 +140,10 @@ QString IconThemeLookup::findInTheme(const Theme& theme, const QByteArray& name,
         if (!directories[d].matchesSize(pixels))
             continue;
         for (const QByteArray& folder : theme.folders) {
+            const QByteArray directory = folder + '/' + theme.paths[d];
             for (const char* extension : Extensions) {
-                const QByteArray path = folder + '/' + theme.paths[d] + '/' + name + extension;
-                if (isFile(path))
-                    return QFile::decodeName(path);
+                if (hasFile(directory, name + extension))
+                    return QFile::decodeName(directory + '/' + name + extension);
             }
         }
     }
@@ -155,15 +156,49 @@ QString IconThemeLookup::findInTheme(const Theme& theme, const QByteArray& name,
                 const Rank rank = rankFor(directories[d], qstrcmp(extension, ".svg") == 0, pixels);
                 if (!(rank < bestRank))
                     continue;
-                const QByteArray path = folder + '/' + theme.paths[d] + '/' + name + extension;
-                if (isFile(path)) {
-                    best = path;
+                const QByteArray directory = folder + '/' + theme.paths[d];
+                if (hasFile(directory, name + extension)) {
+                    best = directory + '/' + name + extension;
                     bestRank = rank;
                 }
             }
         }
     }
     return best.isEmpty() ? QString() : QFile::decodeName(best);
+}
+
+bool IconThemeLookup::hasFile(const QByteArray& folder, const QByteArray& fileName) const
+{
+    const Listing names = listing(folder);
+    if (names && !names->contains(fileName))
+        return false;
+    return isFile(folder + '/' + fileName); // listed: still a file (links may dangle)?
+}
+
+IconThemeLookup::Listing IconThemeLookup::listing(const QByteArray& folder) const
+{
+    {
+        QMutexLocker locker(&m_listingMutex);
+        const auto known = m_listings.constFind(folder);
+        if (known != m_listings.cend())
+            return *known;
+    }
+    auto names = std::make_shared<QSet<QByteArray>>();
+    if (DIR* dir = ::opendir(folder.constData())) {
+        while (const dirent* entry = ::readdir(dir)) {
+            if (entry->d_type == DT_DIR)
+                continue;
+            if (names->size() == MaxListedNames) {
+                names.reset();
+                break;
+            }
+            names->insert(QByteArray(entry->d_name));
+        }
+        ::closedir(dir);
+    }
+    // Two threads may list the same folder at once; either listing serves.
+    QMutexLocker locker(&m_listingMutex);
+    return *m_listings.insert(folder, std::move(names));
 }
 
 quint64 IconThemeLookup::fingerprint() const

@@ -2,15 +2,22 @@
 // themes it inherits (depth first, each once, so inheritance loops end), then hicolor, then the
 // pixmap folders. Within a theme a folder meant for the size wins; otherwise the closest one,
 // but never a small bitmap that would be scaled up while the theme has a larger or scalable one.
-// Immutable once made, so loading threads share it freely.
+// What a folder holds is read once, when a lookup first needs it, so that finding an icon costs
+// one check of the file it picks rather than one for every folder, size and extension tried.
+// Otherwise immutable once made; loading threads share it freely.
 #pragma once
 
 #include "iconthemeindex.h"
 
 #include <QByteArrayList>
+#include <QHash>
 #include <QList>
+#include <QMutex>
+#include <QSet>
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 class IconThemeLookup
 {
@@ -43,9 +50,18 @@ private:
         QByteArrayList folders; // encoded theme folders
         QByteArrayList paths;   // encoded directory paths, parallel to index.directories
     };
+    // Folders holding more names than this are not listed; their files are checked one by one.
+    static constexpr qsizetype MaxListedNames = 100000;
+    using Listing = std::shared_ptr<const QSet<QByteArray>>;
+
     void addTheme(const QString& name, QStringList& visited, int depth);
     QString findInTheme(const Theme& theme, const QByteArray& name, int pixels) const;
+    // Whether `folder` holds the regular file (or a link to one) `fileName`.
+    bool hasFile(const QByteArray& folder, const QByteArray& fileName) const;
+    Listing listing(const QByteArray& folder) const;
 
     Settings m_settings;
     QList<Theme> m_themes;
+    mutable QMutex m_listingMutex;
+    mutable QHash<QByteArray, Listing> m_listings; // a null listing: not listed
 };

@@ -6,10 +6,12 @@
 
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
+#include "catalogue/iconloader.h"
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
 #include "platform/desktopappactions.h"
+#include "platform/desktopiconsource.h"
 #include "platform/desktopsession.h"
 #include "platform/gioentryreader.h"
 #include "platform/globalhotkey.h"
@@ -29,11 +31,15 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     : QObject(parent), m_defaults(defaults ? defaults : HVUserDefaults::standardUserDefaults())
 {
     initialize(m_defaults);
+    // Icons come from the user's icon theme, through the persistent icon cache; the catalogue
+    // loads them when it is first filled.
+    IconLoader::sharedIconLoader()->setIconSource(std::make_shared<DesktopIconSource>());
     m_session = std::make_unique<DesktopSession>();
     m_appManager =
         new HVAppManager(m_defaults, std::make_shared<GioEntryReader>(), m_session->appActions(), this);
     m_session->desktopActions()->setRecordLookup(
         [this](const QString& path) { return m_appManager->appForPath(path); });
+    m_session->desktopActions()->setOpenUntitledFile([this] { applicationOpenUntitledFile(); });
     m_appManager->setRunningAppsSource(m_session->runningApps());
     m_iconView = new HVIconView(m_appManager, m_defaults);
     m_mainWindow = new HVWindow(m_iconView, m_defaults);

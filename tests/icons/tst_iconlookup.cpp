@@ -165,6 +165,26 @@ private slots:
         QCOMPARE(wild.findIcon("../Garbled/48/xterm", 48), QString());
     }
 
+    void listedFoldersStillCheckThePickedFile()
+    {
+        // Folders are read once; what a lookup picks from the listing must still be a file.
+        TestEnvironment env;
+        env.writeFile("icons/Mine/index.theme", indexTheme("Mine", "", {"48:Fixed:48", "64:Fixed:64"}));
+        const QString real = env.writeFile("icons/Mine/64/real.png", png(64));
+        const QString folder = env.root() + "/icons/Mine/48/";
+        QDir().mkpath(folder + "folder.png");
+        QVERIFY(QFile::link(env.root() + "/nowhere.png", folder + "ghost.png"));
+        QVERIFY(QFile::link(env.root() + "/nowhere.png", folder + "both.png"));
+        const QString both = env.writeFile("icons/Mine/48/both.svg", svg());
+        QVERIFY(QFile::link(real, folder + "linked.png"));
+        const IconThemeLookup lookup(themes(env, "Mine"));
+        QCOMPARE(lookup.findIcon("ghost", 48), QString());
+        QCOMPARE(lookup.findIcon("folder", 48), QString());
+        QCOMPARE(lookup.findIcon("both", 48), both);
+        QCOMPARE(lookup.findIcon("linked", 48), folder + "linked.png");
+        QCOMPARE(lookup.findIcon("real", 48), real);
+    }
+
     void fingerprintFollowsThemeFolders()
     {
         TestEnvironment env;

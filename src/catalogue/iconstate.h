@@ -1,6 +1,0 @@
-// What the catalogue keeps for loading icons.
-#pragma once
-
-struct HVIconState
-{
-};

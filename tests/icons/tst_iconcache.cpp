@@ -1,0 +1,216 @@
+// The persistent icon cache as the next start meets it: used when nothing changed, rebuilt when
+// the entry, the icon file or the themes changed (a cached icon is never shown stale), and a
+// damaged cache file logged, removed and written anew.
+#include "iconloadingfixture.h"
+
+#include <QtTest>
+
+using namespace IconLoadingFixture;
+
+namespace {
+// One start's load of an entry's icon at 48 pixels, with a fresh source as a new process has.
+struct Start
+{
+    LoadedIcon icon;
+    DesktopIconSource::Counts counts;
+};
+
+Start start(const TestEnvironment& env, const QString& entryPath, const QString& theme = "Papirus")
+{
+    DesktopIconSource source(settings(env, theme));
+    QString error;
+    Start result;
+    result.icon = source.loadIcon({entryPath, 48, 0.14f, 0.02f}, &error);
+    result.counts = source.counts();
+    return result;
+}
+
+QRgb centre(const LoadedIcon& icon)
+{
+    return icon.image.pixel(icon.image.width() / 2, icon.image.height() / 2);
+}
+
+// A theme of the test's own: 32- and 48-pixel application folders, inheriting hicolor, with a
+// green 32-pixel icon `name`.
+void writeOwnTheme(const TestEnvironment& env, const QString& name)
+{
+    env.writeFile(
+        "icons/Mine/index.theme",
+        IconTestFiles::indexTheme("Mine", "hicolor", {"32x32/apps:Fixed:32", "48x48/apps:Fixed:48"}));
+    env.writeFile("icons/Mine/32x32/apps/" + name + ".png", IconTestFiles::png(32, Qt::green));
+}
+
+// Rewrites a file and moves its time on, as a later change would (timestamps are coarse).
+void rewrite(const TestEnvironment& env, const QString& relativePath, const QByteArray& contents)
+{
+    QFile file(env.writeFile(relativePath, contents));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
+}
+} // namespace
+
+class TestIconCache : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void nextStartUsesTheCache()
+    {
+        TestEnvironment env;
+        const QString firefox = entry(env, "firefox", "firefox");
+        const Start first = start(env, firefox);
+        QCOMPARE(first.counts.renders, 1);
+        QCOMPARE(first.counts.cacheHits, 0);
+
+        const Start second = start(env, firefox);
+        QCOMPARE(second.counts.renders, 0);
+        QCOMPARE(second.counts.cacheHits, 1);
+        QCOMPARE(second.icon.image, first.icon.image);
+        QVERIFY(second.icon.analysis && first.icon.analysis);
+        QCOMPARE(second.icon.analysis->colors->size(), first.icon.analysis->colors->size());
+        QCOMPARE(second.icon.analysis->colors->front().count, first.icon.analysis->colors->front().count);
+
+        // Other colour parameters keep the rendered icon and find the colours again.
+        DesktopIconSource source(settings(env));
+        QString error;
+        const LoadedIcon other = source.loadIcon({firefox, 48, 0.3f, 0.02f}, &error);
+        QCOMPARE(source.counts().colourUpdates, 1);
+        QCOMPARE(source.counts().renders, 0);
+        QCOMPARE(other.image, first.icon.image);
+        QCOMPARE(other.analysis->colorfulness, 0.3f);
+    }
+
+    void changedEntryIsRenderedAgain()
+    {
+        TestEnvironment env;
+        const QString path = entry(env, "app", "firefox");
+        const Start firefox = start(env, path);
+        entry(env, "app", "vlc");
+        const Start vlc = start(env, path);
+        QCOMPARE(vlc.counts.renders, 1);
+        QCOMPARE(vlc.counts.rejectedEntries, 1);
+        QVERIFY(vlc.icon.image != firefox.icon.image);
+        QCOMPARE(start(env, path).counts.cacheHits, 1);
+    }
+
+    void changedIconFileIsRenderedAgain()
+    {
+        TestEnvironment env;
+        writeOwnTheme(env, "mine-app");
+        env.writeFile("icons/Mine/48x48/apps/mine-app.png", IconTestFiles::png(48, Qt::red));
+        const QString path = entry(env, "mine", "mine-app");
+        QCOMPARE(centre(start(env, path, "Mine").icon), qRgb(255, 0, 0));
+        // The same name and size of file, other pixels.
+        rewrite(env, "icons/Mine/48x48/apps/mine-app.png", IconTestFiles::png(48, Qt::blue));
+        const Start again = start(env, path, "Mine");
+        QCOMPARE(again.counts.renders, 1);
+        QCOMPARE(centre(again.icon), qRgb(0, 0, 255));
+    }
+
+    void changedThemesAreSeen()
+    {
+        TestEnvironment env;
+        writeOwnTheme(env, "firefox");
+        const QString path = entry(env, "firefox", "firefox");
+        // Only a 32-pixel file: it is scaled up for 48.
+        QCOMPARE(centre(start(env, path, "Mine").icon), qRgb(0, 255, 0));
+        // A file meant for 48 pixels arrives in the theme while Nimbo runs: it wins at the next
+        // load, and at the next start.
+        DesktopIconSource running(settings(env, "Mine"));
+        QString error;
+        QCOMPARE(centre(running.loadIcon({path, 48, 0.14f, 0.02f}, &error)), qRgb(0, 255, 0));
+        env.writeFile("icons/Mine/48x48/apps/firefox.png", IconTestFiles::png(48, Qt::blue));
+        QCOMPARE(centre(running.loadIcon({path, 48, 0.14f, 0.02f}, &error)), qRgb(0, 0, 255));
+        QCOMPARE(running.counts().cacheHits, 1);
+        QCOMPARE(running.counts().renders, 1);
+        running.waitForCacheWrites();
+        const Start installed = start(env, path, "Mine");
+        QCOMPARE(installed.counts.cacheHits, 1);
+        QCOMPARE(centre(installed.icon), qRgb(0, 0, 255));
+
+        // Another theme chosen: its own icon; the first theme's stays cached for a switch back.
+        const Start papirus = start(env, path, "Papirus");
+        QCOMPARE(papirus.counts.renders, 1);
+        QVERIFY(centre(papirus.icon) != qRgb(0, 0, 255));
+        const Start back = start(env, path, "Mine");
+        QCOMPARE(back.counts.cacheHits, 1);
+        QCOMPARE(centre(back.icon), qRgb(0, 0, 255));
+    }
+
+    void halfWrittenFilesOfKilledProcessesGo()
+    {
+        TestEnvironment env;
+        auto hourOld = [&env](const QString& name, const QByteArray& contents) {
+            QFile file(env.writeFile("cache/Nimbo/icons/" + name, contents));
+            file.open(QIODevice::ReadWrite);
+            file.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime);
+            return file.fileName();
+        };
+        const QString leftover = hourOld("0a1b.icon.4242.7f00", "half");
+        const QString whole = hourOld("0e3f.icon", "whole");
+        const QString writing = env.writeFile("cache/Nimbo/icons/0c2d.icon.4243.7f00", "now");
+        {
+            DesktopIconSource source(settings(env));
+        }
+        QVERIFY(!QFile::exists(leftover));
+        QVERIFY(QFile::exists(whole));
+        QVERIFY(QFile::exists(writing)); // perhaps another Nimbo's, still writing
+    }
+
+    void damagedCacheFileIsRebuilt_data()
+    {
+        QTest::addColumn<QString>("damage");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("flipped byte") << "flip"
+                                      << "damaged";
+        QTest::newRow("truncated") << "truncate"
+                                   << "damaged|wrong size";
+        QTest::newRow("empty") << "empty"
+                               << "wrong size";
+        QTest::newRow("garbage") << "garbage"
+                                 << "damaged";
+    }
+
+    void damagedCacheFileIsRebuilt()
+    {
+        QFETCH(QString, damage);
+        QFETCH(QString, reason);
+        TestEnvironment env;
+        const QString path = entry(env, "gimp", "gimp");
+        const Start first = start(env, path);
+        const QString file = IconDiskCache(settings(env).cacheFolder).fileForKey({path, 48, "Papirus"});
+        QFile cache(file);
+        QVERIFY(cache.open(QIODevice::ReadWrite));
+        QByteArray bytes = cache.readAll();
+        if (damage == "flip")
+            bytes[bytes.size() / 2] = char(bytes[bytes.size() / 2] ^ 0x40);
+        else if (damage == "truncate")
+            bytes.truncate(bytes.size() * 2 / 3);
+        else if (damage == "empty")
+            bytes.clear();
+        else
+            bytes = QByteArray(bytes.size(), 'x');
+        cache.resize(0);
+        cache.seek(0);
+        cache.write(bytes);
+        cache.close();
+
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression("^Icon cache file " + QRegularExpression::escape(file) +
+                                                " for " + QRegularExpression::escape(path) +
+                                                " is unusable \\((" + reason +
+                                                ")\\): removed, the icon is rendered again$"));
+        const Start repaired = start(env, path);
+        QCOMPARE(repaired.counts.renders, 1);
+        QCOMPARE(repaired.counts.rejectedEntries, 1);
+        QCOMPARE(repaired.icon.image, first.icon.image);
+        // Written anew: the start after that takes it as it is, without a word.
+        const Start next = start(env, path);
+        QCOMPARE(next.counts.cacheHits, 1);
+        QCOMPARE(next.counts.rejectedEntries, 0);
+    }
+};
+
+QTEST_MAIN(TestIconCache)
+#include "moc_iconloadingfixture.cpp"
+#include "tst_iconcache.moc"

@@ -1,0 +1,282 @@
+// Icons loading into the catalogue's records over the real Papirus theme: the shown group is
+// queued first, the refetch rules (size capped at 128, the entry's inode, colour-only changes),
+// clearing back to the dot, missing files and icons, and the colours and colour order the
+// records end up with, each change announced with "N_AppIconChanged".
+#include "iconloadingfixture.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <cstdio>
+
+using namespace IconLoadingFixture;
+
+namespace {
+const QStringList PapirusApps = {
+    "firefox",  "vlc",     "gimp",     "inkscape", "thunderbird", "libreoffice-writer",
+    "chromium", "steam",   "blender",  "krita",    "gedit",       "calibre",
+    "audacity", "spotify", "telegram", "discord",  "skype",       "slack",
+    "vim",      "htop"};
+
+QVariantList variants(const QStringList& paths)
+{
+    return QVariantList(paths.begin(), paths.end());
+}
+
+// The colour order's rotation of a value by a wrap hue given in degrees.
+double rotated(double value, double wrapDegrees)
+{
+    const double r = value - wrapDegrees / 360.0;
+    return r < 0.0 ? r + 1.0 : r;
+}
+} // namespace
+
+class TestIconLoading : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        // Nothing of one test may arrive in the next.
+        QVERIFY(waitForIcons());
+    }
+
+    void shownGroupQueuedFirst_data()
+    {
+        QTest::addColumn<int>("group");
+        QTest::addColumn<QList<int>>("shown");
+        const QList<int> included = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14};
+        QTest::newRow("excluded") << 3 << QList<int>{15, 16, 17, 18, 19};
+        QTest::newRow("excluded flat") << 4 << QList<int>{15, 16, 17, 18, 19};
+        QTest::newRow("favourites") << 8 << QList<int>{12, 3, 19};
+        QTest::newRow("favourites flat") << 9 << QList<int>{12, 3, 19};
+        QTest::newRow("included") << 1 << included;
+        QTest::newRow("running stands for included") << 0 << included;
+        QTest::newRow("out of range") << 42 << included;
+    }
+
+    void shownGroupQueuedFirst()
+    {
+        QFETCH(int, group);
+        QFETCH(QList<int>, shown);
+        CatalogueHarness h;
+        const auto source = install(h.env());
+        QStringList paths;
+        for (int i = 0; i < 20; ++i)
+            paths.append(entry(h.env(), QStringLiteral("app%1").arg(i, 2, 10, QChar('0')), PapirusApps[i]));
+        QVariantList bunches;
+        for (int b = 0; b < 4; ++b)
+            bunches.append(QVariant(variants(paths.mid(b * 5, 5))));
+        h.writeUserFile(HVListFileNames::AllApplications, bunches);
+        h.writeUserFile(HVListFileNames::ExcludedApplications, variants(paths.mid(15)));
+        const QVariantList favourites = {QVariant(variants({paths[12], paths[3]})),
+                                         QVariant(variants({paths[19]}))};
+        h.writeUserFile(HVListFileNames::UserApplications, favourites);
+        h.writeUserFile(HVListFileNames::UserApplications1D, variants({paths[12], paths[3], paths[19]}));
+
+        // Held shut, the eight loaders take the first eight of the queue and the rest wait.
+        source->shut();
+        const auto reopen = qScopeGuard([&source] { source->open(); }); // also when a check fails
+        h.manager().rescanAllAppsPrioritizingGroup(group);
+        QVERIFY(source->waitForStarted(IconLoader::MaxConcurrentLoads));
+        QTest::qWait(50); // nothing beyond the eight may start
+        const QStringList first = source->startedPaths();
+        QCOMPARE(first.size(), IconLoader::MaxConcurrentLoads);
+        QSet<QString> expected;
+        for (int i : shown)
+            expected.insert(paths[i]);
+        const QSet<QString> firstSet(first.begin(), first.end());
+        if (shown.size() <= first.size())
+            QVERIFY2(firstSet.contains(expected), qPrintable(first.join(", ")));
+        else
+            QVERIFY2(expected.contains(firstSet), qPrintable(first.join(", ")));
+
+        source->open();
+        QVERIFY(waitForIcons());
+        // Every record once, each with its icon.
+        const QStringList all = source->startedPaths();
+        QCOMPARE(QSet<QString>(all.begin(), all.end()).size(), all.size());
+        QCOMPARE(all.size(), 20);
+        for (const HVAppRef& app : h.manager().allApps1D())
+            QVERIFY2(app->hasIcon(), qPrintable(app->path()));
+    }
+
+    void refetchRules()
+    {
+        CatalogueHarness h;
+        const auto source = install(h.env());
+        IconChangeRecorder changes;
+        h.manager().awakeFromNib();
+        const QStringList paths = {entry(h.env(), "a", "firefox"), entry(h.env(), "b", "gimp"),
+                                   entry(h.env(), "c", "libreoffice-writer")};
+        h.writeUserFile(HVListFileNames::AllApplications, {QVariant(variants(paths))});
+
+        // Sizes above 128 load at 128; the records keep the size asked for.
+        h.defaults().setInteger(512, "maximumIconSize");
+        h.manager().rescanAllAppsPrioritizingGroup(5);
+        QVERIFY(waitForIcons());
+        const HVAppBunch apps = h.apps(paths);
+        QCOMPARE(source->started().size(), 3);
+        for (const StartedLoad& load : source->started())
+            QCOMPARE(load.size, 128);
+        for (const HVAppRef& app : apps) {
+            QCOMPARE(app->icon().size(), QSize(128, 128));
+            QCOMPARE(app->colorSortParameters().iconSize, quint64(512));
+            QCOMPARE(changes.countFor(app), 1);
+        }
+
+        // The same again: nothing is fetched, but every record announces its colours anew.
+        source->forget();
+        const qint64 firefoxKey = apps[0]->icon().cacheKey();
+        h.manager().loadIconsForApps(apps);
+        QVERIFY(waitForIcons());
+        QCOMPARE(source->started().size(), 0);
+        QCOMPARE(apps[0]->icon().cacheKey(), firefoxKey);
+        for (const HVAppRef& app : apps)
+            QCOMPARE(changes.countFor(app), 2);
+
+        // A colour preference: no fetch, new values (the wrap hue rotates coloured icons).
+        QList<double> before;
+        for (const HVAppRef& app : apps) {
+            QVERIFY(app->colorSortValue() < 1.0);
+            before.append(app->colorSortValue());
+        }
+        h.defaults().setDouble(30.0, "colorSortWrapHue");
+        QVERIFY(waitForIcons());
+        QCOMPARE(source->started().size(), 0);
+        for (int i = 0; i < apps.size(); ++i) {
+            QCOMPARE(changes.countFor(apps[i]), 3);
+            QVERIFY(std::abs(apps[i]->colorSortValue() - rotated(before[i], 30.0)) < 1e-6);
+        }
+        // A change of minimum luminosity analyses again and finds the same colours.
+        const std::vector<SpectrumColor> colours = *apps[1]->colourState().hclColors();
+        h.defaults().setDouble(0.03, "colorSortMinLuminosity");
+        QCOMPARE(source->started().size(), 0);
+        QCOMPARE(apps[1]->colourState().hclColors()->size(), colours.size());
+        QCOMPARE(apps[1]->colourState().hclColors()->front().count, colours.front().count);
+
+        // Another size fetches every icon again.
+        h.defaults().setInteger(48, "maximumIconSize");
+        h.manager().loadIconsForApps(apps);
+        QVERIFY(waitForIcons());
+        QCOMPARE(source->started().size(), 3);
+        QCOMPARE(apps[2]->icon().size(), QSize(48, 48));
+
+        // An entry replaced by a new file (a new inode) at the same path is fetched again,
+        // even with unchanged parameters; rewriting it in place is not.
+        source->forget();
+        const QString replacement = h.env().writeFile("apps/b.new", IconTestFiles::desktopEntry("inkscape"));
+        QVERIFY(::rename(QFile::encodeName(replacement), QFile::encodeName(apps[1]->path())) == 0);
+        h.manager().loadIconsForApps(apps);
+        QVERIFY(waitForIcons());
+        QCOMPARE(source->startedPaths(), QStringList{apps[1]->path()});
+    }
+
+    void clearingShowsTheDotUntilIconsArrive()
+    {
+        CatalogueHarness h;
+        const auto source = install(h.env());
+        const QStringList paths = {entry(h.env(), "a", "vlc"), entry(h.env(), "b", "steam")};
+        h.writeUserFile(HVListFileNames::AllApplications, {QVariant(variants(paths))});
+        h.manager().rescanAllAppsPrioritizingGroup(5);
+        QVERIFY(waitForIcons());
+        source->forget();
+
+        source->shut();
+        const auto reopen = qScopeGuard([&source] { source->open(); });
+        h.manager().clearIconsForAllApps();
+        for (const HVAppRef& app : h.manager().allApps1D()) {
+            QVERIFY(!app->hasIcon());
+            QCOMPARE(app->icon().cacheKey(), HVApp::dotImage().cacheKey());
+        }
+        QVERIFY(source->waitForStarted(2));
+        source->open();
+        QVERIFY(waitForIcons());
+        for (const HVAppRef& app : h.manager().allApps1D())
+            QVERIFY(app->hasIcon());
+    }
+
+    void missingFilesAndHostileIcons()
+    {
+        CatalogueHarness h;
+        const auto source = install(h.env());
+        IconChangeRecorder changes;
+        const QString gone = h.env().root() + "/apps/gone.desktop";
+        const QString nameless = entry(h.env(), "nameless", "no-such-icon-anywhere");
+        const QString zeroByte = entry(h.env(), "zero", h.env().writeFile("pixmaps/empty.png", QByteArray()));
+        const QString truncated = entry(
+            h.env(), "truncated", h.env().writeFile("pixmaps/cut.png", IconTestFiles::pngHeader(64, 64)));
+        const QString huge = entry(
+            h.env(), "huge", h.env().writeFile("pixmaps/huge.png", IconTestFiles::pngHeader(20000, 20000)));
+        const QString absurd = entry(
+            h.env(), "absurd", h.env().writeFile("pixmaps/absurd.svg", IconTestFiles::svg("1e9", "1e9")));
+        const HVAppBunch apps = h.apps({gone, nameless, zeroByte, truncated, huge, absurd});
+
+        for (const QString& path : {nameless, zeroByte, truncated, huge})
+            QTest::ignoreMessage(QtWarningMsg, qPrintable("main Error loading icon for path: " + path));
+        h.manager().loadIconsForApps(apps);
+        QVERIFY(waitForIcons());
+        // A missing entry loads nothing and shows "notfound"; so do entries without a usable
+        // icon, each with the one line above.
+        QVERIFY(!apps[0]->isPathValid());
+        QVERIFY(!source->startedPaths().contains(gone));
+        for (const HVAppRef& app : apps.mid(0, 5)) {
+            QCOMPARE(app->icon().cacheKey(), HVApp::notFoundImage().cacheKey());
+            QCOMPARE(app->colorSortValue(), 10.0);
+            QCOMPARE(changes.countFor(app), 1);
+        }
+        QVERIFY(apps[1]->isPathValid());
+        // An SVG that declares an absurd size is drawn at the icon size all the same.
+        QVERIFY(apps[5]->hasIcon());
+        QCOMPARE(apps[5]->icon().size(), QSize(128, 128));
+        QVERIFY(apps[5]->colorSortValue() < 1.0);
+    }
+
+    void coloursAndColourOrder()
+    {
+        CatalogueHarness h;
+        install(h.env());
+        IconChangeRecorder changes;
+        h.manager().awakeFromNib();
+        auto withImage = [&h](const QString& name, const QByteArray& bytes, const char* extension) {
+            return entry(h.env(), name,
+                         h.env().writeFile(QStringLiteral("pixmaps/%1.%2").arg(name, extension), bytes));
+        };
+        const QStringList paths = {withImage("white", IconTestFiles::png(64, Qt::white), "png"),
+                                   withImage("blue", IconTestFiles::png(64, Qt::blue), "png"),
+                                   withImage("green", IconTestFiles::svg("16", "16", "#00c000"), "svg"),
+                                   withImage("red", IconTestFiles::png(64, QColor(220, 20, 20)), "png")};
+        h.writeUserFile(HVListFileNames::AllApplications, {QVariant(variants(paths))});
+        h.defaults().setInteger(2, "groupContentsSortOrder");
+        h.manager().rescanAllAppsPrioritizingGroup(5);
+        QVERIFY(waitForIcons());
+
+        auto app = [&h](const QString& name) {
+            for (const HVAppRef& record : h.manager().allApps1D()) {
+                if (record->name() == name)
+                    return record;
+            }
+            return HVAppRef();
+        };
+        for (const char* name : {"white", "blue", "green", "red"}) {
+            QVERIFY(app(name)->hasIcon());
+            QCOMPARE(changes.countFor(app(name)), 1);
+            QVERIFY(!app(name)->sortedColors().isEmpty());
+        }
+        QVERIFY(app("red")->colorSortValue() < app("green")->colorSortValue());
+        QVERIFY(app("green")->colorSortValue() < app("blue")->colorSortValue());
+        QVERIFY(app("blue")->colorSortValue() < 1.0);
+        QVERIFY(app("white")->colorSortValue() >= 1.0 && app("white")->colorSortValue() < 1.01);
+
+        // The arrivals restarted the one-second re-sort; when it fires the colour order holds.
+        QVERIFY(h.manager().hasPendingColorSort());
+        QTRY_VERIFY_WITH_TIMEOUT(!h.manager().hasPendingColorSort(), 3000);
+        QCOMPARE(CatalogueHarness::names(h.manager().allApps1D()),
+                 (QStringList{"red", "green", "blue", "white"}));
+    }
+};
+
+QTEST_MAIN(TestIconLoading)
+#include "moc_iconloadingfixture.cpp"
+#include "tst_iconloading.moc"
