@@ -11,8 +11,10 @@ class HVApp;
 class HVIconCache
 {
 public:
-    // `source` fitted into `edge` x `edge` points (keeping its shape) at the device pixel ratio.
-    QImage scaledIcon(const HVApp* app, const QImage& source, int edge, qreal devicePixelRatio);
+    // `source` fitted into `edge` x `edge` points (keeping its shape) at the device pixel ratio;
+    // below an `opacity` of 1 already faded, so that drawing it blends at full strength.
+    QImage scaledIcon(const HVApp* app, const QImage& source, int edge, qreal devicePixelRatio,
+                      double opacity = 1.0);
     // Forgets every record not in `apps`.
     void retainOnly(const QSet<const HVApp*>& apps);
     void clear() { m_entries.clear(); }
@@ -25,6 +27,8 @@ private:
         int edge = 0;
         qreal ratio = 1;
         QImage image;
+        double fadedOpacity = 1;
+        QImage faded;
     };
     QHash<const HVApp*, Entry> m_entries;
 };
