@@ -13,6 +13,7 @@
 #include "hviconcache.h"
 #include "hvicondragstate.h"
 #include "hviconviewappearance.h"
+#include "hvlinepainter.h"
 #include "hvmodifierkeys.h"
 #include "hvscrollaccumulator.h"
 #include "hvtypefilter.h"
@@ -198,6 +199,7 @@ private:
 
     HVIconViewAppearance m_look;
     HVIconCache m_iconCache;
+    HVLinePainter m_linePainter;
     qreal m_paintRatio = 1;           // the device pixel ratio of the paint event under way
     QSet<const HVApp*> m_runningApps; // refreshed whenever their lists change
     QSet<const HVApp*> m_excludedApps;

@@ -3,7 +3,6 @@
 #include "hviconview.h"
 
 #include "hvbunchseparators.h"
-#include "hvlinepainter.h"
 
 #include "catalogue/hvappgroup.h"
 
@@ -210,7 +209,7 @@ void HVIconView::drawBunchMarks(QPainter& painter, const QRegion& dirty)
     const bool moving = m_drag.dragMoveInProgress && isUserGroup(m_groupShown);
     const QList<QLineF> lines =
         HVBunchSeparators::linesForLayout(m_layout, moving ? m_selectedCoords.spacer : Coords::None);
-    HVLinePainter::drawLines(painter, lines, m_look.separatorColor(), dirty);
+    m_linePainter.drawLines(painter, lines, m_look.separatorColor(), dirty);
     if (!moving)
         return;
     const QPolygonF mark = HVBunchSeparators::marginMark(m_layout, m_selectedCoords);

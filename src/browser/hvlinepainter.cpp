@@ -24,8 +24,8 @@ void HVLinePainter::drawLines(QPainter& painter, const QList<QLineF>& lines, con
             drawPixels(painter, pixels, color);
             continue;
         }
-        for (const QRect& part : within.intersected(pixels))
-            drawPixels(painter, part, color);
+        for (const QRect& part : within)
+            drawPixels(painter, part.intersected(pixels), color);
     }
 }
 
@@ -33,7 +33,16 @@ void HVLinePainter::drawPixels(QPainter& painter, const QRect& pixels, const QCo
 {
     if (pixels.isEmpty())
         return;
-    for (int y = pixels.top(); y <= pixels.bottom(); y += Piece)
-        painter.fillRect(QRect(pixels.left(), y, pixels.width(), std::min(Piece, pixels.bottom() + 1 - y)),
-                         color);
+    if (m_tile.isNull() || m_tileColor != color.rgba()) {
+        m_tile = QImage(Piece, Piece, QImage::Format_ARGB32_Premultiplied);
+        m_tile.fill(color);
+        m_tileColor = color.rgba();
+    }
+    for (int y = pixels.top(); y <= pixels.bottom(); y += Piece) {
+        for (int x = pixels.left(); x <= pixels.right(); x += Piece) {
+            const QRect piece(0, 0, std::min(Piece, pixels.right() + 1 - x),
+                              std::min(Piece, pixels.bottom() + 1 - y));
+            painter.drawImage(QPoint(x, y), m_tile, piece);
+        }
+    }
 }
