@@ -1,5 +1,6 @@
-// Icons scaled once to the grid's icon size, so that painting a full grid only copies pixels.
-// An entry is made again when the record's image or the size changes.
+// Icons scaled once to the grid's icon size, and faded once to the faded icons' opacity, so that
+// painting a full grid only blends pixels at full strength. An entry is made again when the
+// record's image or the size changes, its faded copy when the opacity changes.
 #pragma once
 
 #include <QHash>
