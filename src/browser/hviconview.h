@@ -151,7 +151,7 @@ private:
     const QHash<const HVApp*, QPoint>& firstCellOfApps() const;
 
     // Painting.
-    void drawBackground(QPainter& painter, const QRect& dirty) const;
+    void drawBackground(QPainter& painter, const QRegion& dirty) const;
     void drawScanningText(QPainter& painter) const;
     void drawCellforRow(QPainter& painter, int row, int column);
     void drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect, double opacity);

@@ -46,7 +46,7 @@ QColor withAlpha(QColor color, double alpha)
 void HVIconView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    drawBackground(painter, event->rect());
+    drawBackground(painter, event->region());
     if (m_busyScanning) {
         drawScanningText(painter);
         return;
@@ -64,10 +64,10 @@ void HVIconView::paintEvent(QPaintEvent* event)
     drawBunchMarks(painter, event->region());
 }
 
-void HVIconView::drawBackground(QPainter& painter, const QRect& dirty) const
+void HVIconView::drawBackground(QPainter& painter, const QRegion& dirty) const
 {
     const QColor colour = withAlpha(m_look.winColor, m_look.winAlpha * 0.3);
-    const QRect area = dirty.intersected(rect());
+    const QRect area = dirty.boundingRect().intersected(rect());
     const int radius = CornerRadius;
     if (height() < 4 * radius || width() < 2 * radius) {
         painter.save();
@@ -78,13 +78,17 @@ void HVIconView::drawBackground(QPainter& painter, const QRect& dirty) const
         painter.restore();
         return;
     }
-    // Between the rounded ends every row is filled edge to edge: in bands of rows few enough for
-    // the raster engine to blend them here rather than hand them to its thread pool.
-    const QRect straight = area.intersected(rect().adjusted(0, radius, 0, -radius));
-    for (int y = straight.top(); y <= straight.bottom(); y += BackgroundBand)
-        painter.fillRect(
-            QRect(straight.left(), y, straight.width(), std::min(BackgroundBand, straight.bottom() + 1 - y)),
-            colour);
+    // Between the rounded ends every row is filled edge to edge, a rectangle of the region at a
+    // time, in bands of rows few enough for the raster engine to blend them here rather than hand
+    // them to its thread pool (a whole region at once would be as many rows as its rectangles).
+    const QRect middle = rect().adjusted(0, radius, 0, -radius);
+    for (const QRect& part : dirty) {
+        const QRect straight = part.intersected(middle);
+        for (int y = straight.top(); y <= straight.bottom(); y += BackgroundBand)
+            painter.fillRect(QRect(straight.left(), y, straight.width(),
+                                   std::min(BackgroundBand, straight.bottom() + 1 - y)),
+                             colour);
+    }
     // The rounded ends: a short rounded rectangle has the same corners as the whole.
     const QRect top(0, 0, width(), radius);
     const QRect bottom(0, height() - radius, width(), radius);
