@@ -101,6 +101,18 @@ private slots:
         QTest::mouseMove(f.view.get(), f.centreOf("Safari"));
         QCoreApplication::processEvents();
         QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+
+        // Stacked bunches and a flat list place their cells otherwise: the same holds.
+        for (int orientation : {1, 0}) {
+            f.view->resetView();
+            f.defaults->setInteger(orientation, "groupOrientation");
+            QCoreApplication::processEvents();
+            for (const QString& keys : {QStringLiteral("t"), QStringLiteral("e"), QStringLiteral("r")}) {
+                f.type(keys);
+                QCoreApplication::processEvents();
+                QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+            }
+        }
     }
 };
 
