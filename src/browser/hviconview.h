@@ -8,6 +8,8 @@
 // (hviconview_scroll.cpp) and modifier keys (hviconview_modifiers.cpp).
 #pragma once
 
+#include "hvfilteredcells.h"
+#include "hvgridbands.h"
 #include "hviconcache.h"
 #include "hvicondragstate.h"
 #include "hviconviewappearance.h"
@@ -149,17 +151,19 @@ private:
     const QHash<const HVApp*, QPoint>& firstCellOfApps() const;
 
     // Painting.
-    void drawBackground(QPainter& painter) const;
+    void drawBackground(QPainter& painter, const QRegion& dirty) const;
     void drawScanningText(QPainter& painter) const;
     void drawCellforRow(QPainter& painter, int row, int column);
-    void drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect);
-    void drawBunchMarks(QPainter& painter);
+    void drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect, double opacity);
+    void drawBunchMarks(QPainter& painter, const QRegion& dirty);
     // The cell tests, for the app already looked up (null for an empty cell).
     bool isOpaqueCell(const HVApp* app, int row, int column) const;
     bool isHighlightedCell(const HVApp* app, int row, int column) const;
     bool isDecoratedCell(const HVApp* app, int row, int column) const;
-    // The app in a cell, without taking a share of it; null for an empty cell.
+    // The app in a cell, without taking a share of it; null for an empty cell. The first reads
+    // the table kept since the last layout, the second works it out from the list laid out.
     const HVApp* appPointerAtCell(int row, int column) const;
+    const HVApp* appOfCell(int row, int column) const;
     bool isAppRunning(const HVApp* app) const { return m_runningApps.contains(app); }
     bool isAppExcluded(const HVApp* app) const { return m_excludedApps.contains(app); }
     bool isSelectedCell(int row, int column) const;
@@ -173,6 +177,9 @@ private:
     void scrollVertically(double deltaY);
     void scrollHorizontally(double deltaX, quint64 timestamp);
     void changeFilter(bool changed);
+    // Marks for repainting just the cells whose fading the filter changed.
+    void repaintFilteredCells();
+    bool isCellFilteredOut(const HVApp* app, int row, int column) const;
 
     HVAppManager* m_manager;
     HVUserDefaults* m_defaults;
@@ -186,10 +193,14 @@ private:
     HVIconLayout m_layout;
     bool m_layoutPending = false; // list changes wait while Shift is held
     mutable std::optional<QHash<const HVApp*, QPoint>> m_firstCells;
+    std::vector<const HVApp*> m_cellApps; // the app of every cell, row by row
+    HVGridBands m_gridBands;
+    std::vector<char> m_cellsToPaint; // of the paint event under way
 
     HVIconViewAppearance m_look;
     HVIconCache m_iconCache;
     HVLinePainter m_linePainter;
+    qreal m_paintRatio = 1;           // the device pixel ratio of the paint event under way
     QSet<const HVApp*> m_runningApps; // refreshed whenever their lists change
     QSet<const HVApp*> m_excludedApps;
     bool m_showIconSpectrums = false;
@@ -207,6 +218,7 @@ private:
     HVModifierKeys m_oldKeys;
 
     HVTypeFilter m_filter;
+    HVFilteredCells m_filteredCells;
     QTimer* m_filterSubstringTimer;
     HVScrollAccumulator m_scrollAccumulatorY{1.0};
 };

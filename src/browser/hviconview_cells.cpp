@@ -30,7 +30,7 @@ bool HVIconView::isOpaqueCell(const HVApp* app, int row, int column) const
 {
     if (!app)
         return true; // nothing to fade
-    if (isAppKeyFilteredOut(*app))
+    if (isCellFilteredOut(app, row, column))
         return false;
     if (m_drag.dragDropInProgress) {
         if (!m_droppableApps.contains(app))

@@ -33,6 +33,9 @@ QPolygonF triangleDown(const QRectF& r)
     return QPolygonF({r.topLeft(), r.topRight(), QPointF(r.center().x(), r.bottom())});
 }
 
+constexpr int CornerRadius = 9;
+constexpr int BackgroundBand = 64;
+
 QColor withAlpha(QColor color, double alpha)
 {
     color.setAlphaF(float(alpha));
@@ -43,30 +46,64 @@ QColor withAlpha(QColor color, double alpha)
 void HVIconView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-    drawBackground(painter);
+    drawBackground(painter, event->region());
     if (m_busyScanning) {
         drawScanningText(painter);
         return;
     }
-    const QRect dirty = event->rect();
-    for (int row = 0; row < m_layout.rowCount(); ++row) {
-        for (int column = 0; column < m_layout.colCount(); ++column) {
-            if (m_layout.lookupTable().at(row, column).rect.intersects(dirty))
-                drawCellforRow(painter, row, column);
-        }
+    if (!m_filteredCells.isCurrentFor(m_filter.text()))
+        m_filteredCells.refresh(m_cellApps, m_filter);
+    m_paintRatio = devicePixelRatioF();
+    // Only the cells the region meets: a filter change repaints a scattering of them.
+    m_gridBands.cellsMeeting(event->region(), m_cellsToPaint);
+    const int columns = m_layout.colCount();
+    for (std::size_t cell = 0; cell < m_cellsToPaint.size(); ++cell) {
+        if (m_cellsToPaint[cell])
+            drawCellforRow(painter, int(cell / columns), int(cell % columns));
     }
-    drawBunchMarks(painter);
+    drawBunchMarks(painter, event->region());
 }
 
-void HVIconView::drawBackground(QPainter& painter) const
+void HVIconView::drawBackground(QPainter& painter, const QRegion& dirty) const
 {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(withAlpha(m_look.winColor, m_look.winAlpha * 0.3));
-    painter.drawRoundedRect(QRectF(rect()), 9, 9);
-    painter.restore();
+    const QColor colour = withAlpha(m_look.winColor, m_look.winAlpha * 0.3);
+    const QRect area = dirty.boundingRect().intersected(rect());
+    const int radius = CornerRadius;
+    if (height() < 4 * radius || width() < 2 * radius) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawRoundedRect(QRectF(rect()), radius, radius);
+        painter.restore();
+        return;
+    }
+    // Between the rounded ends every row is filled edge to edge, a rectangle of the region at a
+    // time, in bands of rows few enough for the raster engine to blend them here rather than hand
+    // them to its thread pool (a whole region at once would be as many rows as its rectangles).
+    const QRect middle = rect().adjusted(0, radius, 0, -radius);
+    for (const QRect& part : dirty) {
+        const QRect straight = part.intersected(middle);
+        for (int y = straight.top(); y <= straight.bottom(); y += BackgroundBand)
+            painter.fillRect(QRect(straight.left(), y, straight.width(),
+                                   std::min(BackgroundBand, straight.bottom() + 1 - y)),
+                             colour);
+    }
+    // The rounded ends: a short rounded rectangle has the same corners as the whole.
+    const QRect top(0, 0, width(), radius);
+    const QRect bottom(0, height() - radius, width(), radius);
+    for (const QRect& end : {top, bottom}) {
+        if (!area.intersects(end))
+            continue;
+        painter.save();
+        painter.setClipRect(end.intersected(area), Qt::IntersectClip);
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        const double y = end.top() == 0 ? 0 : height() - 4 * radius;
+        painter.drawRoundedRect(QRectF(0, y, width(), 4 * radius), radius, radius);
+        painter.restore();
+    }
 }
 
 void HVIconView::drawScanningText(QPainter& painter) const
@@ -144,22 +181,25 @@ void HVIconView::drawCellforRow(QPainter& painter, int row, int column)
         painter.drawPolygon(triangle);
         painter.restore();
     }
-    if (app) {
-        painter.setOpacity(alpha);
-        drawIcon(painter, *app, iconRect, decorated);
-        painter.setOpacity(1.0);
-    }
+    if (app)
+        drawIcon(painter, *app, iconRect, decorated, alpha);
 }
 
-void HVIconView::drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect)
+void HVIconView::drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect,
+                          double opacity)
 {
     const QImage source = m_showIconSpectrums ? spectrumOrIcon(app) : app.icon();
     if (exactRect || rect.width() != rect.height()) {
+        // Scaled as drawn; the cached icons below are copied pixel for pixel.
+        painter.save();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
+        painter.setOpacity(opacity);
         painter.drawImage(rect, source);
+        painter.restore();
         return;
     }
-    // Whole icons come from the cache, scaled once and centred in their square.
-    const QImage icon = m_iconCache.scaledIcon(&app, source, int(rect.width()), devicePixelRatioF());
+    // Whole icons come from the cache, scaled (and faded) once and centred in their square.
+    const QImage icon = m_iconCache.scaledIcon(&app, source, int(rect.width()), m_paintRatio, opacity);
     if (icon.isNull())
         return;
     const QSizeF size = icon.deviceIndependentSize();
@@ -168,12 +208,12 @@ void HVIconView::drawIcon(QPainter& painter, const HVApp& app, const QRectF& rec
                       icon);
 }
 
-void HVIconView::drawBunchMarks(QPainter& painter)
+void HVIconView::drawBunchMarks(QPainter& painter, const QRegion& dirty)
 {
     const bool moving = m_drag.dragMoveInProgress && isUserGroup(m_groupShown);
     const QList<QLineF> lines =
         HVBunchSeparators::linesForLayout(m_layout, moving ? m_selectedCoords.spacer : Coords::None);
-    m_linePainter.drawLines(painter, lines, m_look.separatorColor());
+    m_linePainter.drawLines(painter, lines, m_look.separatorColor(), dirty);
     if (!moving)
         return;
     const QPolygonF mark = HVBunchSeparators::marginMark(m_layout, m_selectedCoords);

@@ -124,8 +124,29 @@ bool HVIconView::handleCancelOperation()
 void HVIconView::changeFilter(bool changed)
 {
     if (changed)
-        update(); // every icon may fade or come back
+        repaintFilteredCells();
     sendFilterSubstringNotification();
+}
+
+void HVIconView::repaintFilteredCells()
+{
+    const HVFilteredCells::Change change = m_filteredCells.refresh(m_cellApps, m_filter);
+    // Past a quarter of the grid one rectangle is cheaper than a region of many.
+    if (change.everyCell || change.cells.size() * 4 > qsizetype(m_cellApps.size())) {
+        update();
+        return;
+    }
+    const int columns = m_layout.colCount();
+    for (int cell : change.cells)
+        update(m_layout.rectOfCellForRow(cell / columns, cell % columns).toAlignedRect());
+}
+
+bool HVIconView::isCellFilteredOut(const HVApp* app, int row, int column) const
+{
+    if (m_filteredCells.isCurrentFor(m_filter.text()) && m_layout.isValidRow(row, column))
+        return m_filteredCells.isFilteredOut(std::size_t(row) * std::size_t(m_layout.colCount()) +
+                                             std::size_t(column));
+    return app && isAppKeyFilteredOut(*app);
 }
 
 HVAppBunch HVIconView::keyFilteredApps1D() const
@@ -143,7 +164,7 @@ HVAppBunch HVIconView::keyFilteredApps1D() const
 void HVIconView::resetFilterSubstring()
 {
     if (m_filter.clear())
-        update();
+        repaintFilteredCells();
 }
 
 void HVIconView::cancelFilterSubstringTimer()

@@ -122,10 +122,19 @@ void HVIconView::layoutDidChange()
             shown.insert(app.get());
     }
     m_iconCache.retainOnly(shown);
+    const int rows = m_layout.rowCount();
+    const int columns = m_layout.colCount();
+    m_cellApps.assign(std::size_t(rows) * std::size_t(columns), nullptr);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column)
+            m_cellApps[std::size_t(row) * columns + column] = appOfCell(row, column);
+    }
+    m_gridBands.build(m_layout);
+    m_filteredCells.invalidate();
     update();
 }
 
-const HVApp* HVIconView::appPointerAtCell(int row, int column) const
+const HVApp* HVIconView::appOfCell(int row, int column) const
 {
     if (!m_layout.isValidRow(row, column))
         return nullptr;
@@ -134,6 +143,14 @@ const HVApp* HVIconView::appPointerAtCell(int row, int column) const
         return nullptr;
     const HVAppBunch& bunch = m_shownBunches.at(qsizetype(cell.bunch));
     return cell.index < quint64(bunch.size()) ? bunch.at(qsizetype(cell.index)).get() : nullptr;
+}
+
+const HVApp* HVIconView::appPointerAtCell(int row, int column) const
+{
+    if (!m_layout.isValidRow(row, column))
+        return nullptr;
+    const std::size_t cell = std::size_t(row) * std::size_t(m_layout.colCount()) + std::size_t(column);
+    return cell < m_cellApps.size() ? m_cellApps[cell] : nullptr;
 }
 
 HVAppRef HVIconView::appAtCell(int row, int column) const

@@ -56,7 +56,7 @@ void HVIconView::scrollVertically(double deltaY)
         const bool changed = m_filter.setText(HVLetterStepping::steppedFilter(m_filter.text(), step));
         cancelFilterSubstringTimer(); // the stepped letter stays until changed
         if (changed)
-            update();
+            repaintFilteredCells();
     }
     sendFilterSubstringNotification();
 }

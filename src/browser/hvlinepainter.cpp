@@ -4,7 +4,8 @@
 
 #include <cmath>
 
-void HVLinePainter::drawLines(QPainter& painter, const QList<QLineF>& lines, const QColor& color)
+void HVLinePainter::drawLines(QPainter& painter, const QList<QLineF>& lines, const QColor& color,
+                              const QRegion& within)
 {
     for (const QLineF& line : lines) {
         if (line.x1() != line.x2() && line.y1() != line.y2()) {
@@ -19,7 +20,12 @@ void HVLinePainter::drawLines(QPainter& painter, const QList<QLineF>& lines, con
             QRectF(std::min(line.x1(), line.x2()) - 0.5, std::min(line.y1(), line.y2()) - 0.5,
                    std::abs(line.dx()) + 1, std::abs(line.dy()) + 1)
                 .toRect();
-        drawPixels(painter, pixels, color);
+        if (within.isEmpty()) {
+            drawPixels(painter, pixels, color);
+            continue;
+        }
+        for (const QRect& part : within)
+            drawPixels(painter, part.intersected(pixels), color);
     }
 }
 

@@ -9,14 +9,17 @@
 #include <QImage>
 #include <QLineF>
 #include <QList>
+#include <QRegion>
 
 class QPainter;
 
 class HVLinePainter
 {
 public:
-    // One-point lines, each covering the pixels its square-capped stroke would.
-    void drawLines(QPainter& painter, const QList<QLineF>& lines, const QColor& color);
+    // One-point lines, each covering the pixels its square-capped stroke would; of the
+    // horizontal and vertical ones only the pixels within `within` (all when empty).
+    void drawLines(QPainter& painter, const QList<QLineF>& lines, const QColor& color,
+                   const QRegion& within = QRegion());
 
 private:
     static constexpr int Piece = 64;

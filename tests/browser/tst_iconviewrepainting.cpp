@@ -1,0 +1,121 @@
+// What a keystroke repaints: only the cells whose fading the filter changed, and what is on the
+// screen afterwards is what a whole repaint would draw.
+#include "iconviewfixture.h"
+
+#include <QScreen>
+
+namespace {
+QList<QStringList> apps()
+{
+    return {{"Safari", "Sane Scanner", "System Monitor", "Safe Box"},
+            {"Text Editor", "Terminal", "Tetris", "Thunar"},
+            {"Mail", "Maps", "Music", "Notes"}};
+}
+
+// Every icon a colour of its own, so that a cell painted wrong shows.
+void colourIcons(IconViewFixture& f)
+{
+    int n = 0;
+    for (const HVAppRef& app : f.manager->allApps1D()) {
+        QImage icon(48, 48, QImage::Format_ARGB32_Premultiplied);
+        icon.fill(QColor::fromHsv((n++ * 37) % 360, 220, 230));
+        app->setIcon(icon);
+    }
+}
+
+QImage onScreen(QWidget& view)
+{
+    return view.screen()->grabWindow(view.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+QImage drawnWhole(QWidget& view)
+{
+    return view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+} // namespace
+
+class TestIconViewRepainting : public QObject
+{
+    Q_OBJECT
+
+    static QRegion cellsOf(IconViewFixture& f, const QStringList& names)
+    {
+        QRegion region;
+        for (const QString& name : names)
+            region += f.view->rectOfApp(f.app(name)).toAlignedRect();
+        return region;
+    }
+
+private slots:
+    void aKeystrokeRepaintsOnlyTheCellsWhoseFadingChanged()
+    {
+        IconViewFixture f(apps());
+        colourIcons(f);
+        f.showGroup(1);
+        QCoreApplication::processEvents();
+        PaintSpy paints(f.view.get());
+        const auto keystroke = [&](const std::function<void()>& press, const QRegion& expected) {
+            paints.painted = QRegion();
+            press();
+            QCoreApplication::processEvents(); // the repaint asked for, if any
+            QTRY_COMPARE(paints.painted, expected);
+        };
+        // Most icons fade at the first letter: one rectangle beats a region of many.
+        keystroke([&] { f.type("s"); }, QRegion(f.view->rect()));
+        keystroke([&] { f.type("a"); }, cellsOf(f, {"System Monitor"}));
+        keystroke([&] { f.type("f"); }, cellsOf(f, {"Sane Scanner"}));
+        keystroke([&] { f.key(Qt::Key_Backspace, "\b"); }, cellsOf(f, {"Sane Scanner"}));
+        // No name holds "sa ": the three left fade, and come back with the space deleted.
+        const QRegion three = cellsOf(f, {"Safari", "Sane Scanner", "Safe Box"});
+        keystroke([&] { f.key(Qt::Key_Space, " "); }, three);
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("sa "));
+        keystroke([&] { f.key(Qt::Key_Backspace, "\b"); }, three);
+        keystroke([&] { f.key(Qt::Key_Escape, "\x1b"); }, QRegion(f.view->rect()));
+        QCOMPARE(f.filtered().size(), 12);
+
+        // The wheel steps one letter at a time: z keeps nothing here, y neither.
+        keystroke([&] { f.wheel(QPointF(0, 1.5)); }, QRegion(f.view->rect()));
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("z"));
+        keystroke([&] { f.wheel(QPointF(0, 1.5)); }, QRegion());
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("y"));
+    }
+
+    void afterRepaintingPiecesTheScreenShowsWhatAWholeRepaintDraws()
+    {
+        IconViewFixture f(apps(), {"Tetris"});
+        colourIcons(f);
+        f.showGroup(5); // all apps: the excluded one faded too
+        QTRY_COMPARE(onScreen(*f.view), drawnWhole(*f.view));
+        for (const QString& keys : {QStringLiteral("s"), QStringLiteral("a"), QStringLiteral("f")}) {
+            f.type(keys);
+            QCoreApplication::processEvents();
+            QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+        }
+        f.key(Qt::Key_Backspace, "\b");
+        f.key(Qt::Key_Backspace, "\b");
+        QCoreApplication::processEvents();
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
+        QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+        // Lines between bunches and the rounded corners come through pieces untouched.
+        QTest::mouseMove(f.view.get(), f.centreOf("Maps"));
+        QTest::mouseMove(f.view.get(), f.centreOf("Safari"));
+        QCoreApplication::processEvents();
+        QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+
+        // Stacked bunches and a flat list place their cells otherwise: the same holds.
+        for (int orientation : {1, 0}) {
+            f.view->resetView();
+            f.defaults->setInteger(orientation, "groupOrientation");
+            QCoreApplication::processEvents();
+            for (const QString& keys : {QStringLiteral("t"), QStringLiteral("e"), QStringLiteral("r")}) {
+                f.type(keys);
+                QCoreApplication::processEvents();
+                QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+            }
+        }
+    }
+};
+
+QTEST_MAIN(TestIconViewRepainting)
+#include "moc_iconviewfixture.cpp"
+#include "tst_iconviewrepainting.moc"
