@@ -94,8 +94,10 @@ private slots:
         controller->appManager()->quitApp(
             controller->appManager()->appForPath(env.dataHome() + "/applications/terminal.desktop"));
         QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
+        QTest::qWait(500); // the window manager hands the focus on from the closed terminal
         xdotool({"key", "ctrl+Tab"});
         QTRY_VERIFY(controller->mainWindowIsVisible());
+        controller->explicitHideMainWindow();
     }
 
     void theGroupShownLastIsRemembered()
