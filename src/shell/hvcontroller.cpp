@@ -25,6 +25,8 @@
 
 namespace {
 const QString LaunchCountKey = QStringLiteral("applicationLaunchCount");
+// How long a panel just shown takes to settle into the focus: twice its fade.
+constexpr qint64 FocusSettleMs = 500;
 } // namespace
 
 HVController::HVController(HVUserDefaults* defaults, QObject* parent)
@@ -167,8 +169,17 @@ void HVController::rescanAllApps(bool fromMenu)
 void HVController::applicationStateChanged(Qt::ApplicationState state)
 {
     const bool active = state == Qt::ApplicationActive;
+    if (active)
+        m_panelShownAt.invalidate(); // the focus has come to the panel shown last
     if (active == m_isActive)
         return;
+    if (!active && m_panelShownAt.isValid() && !m_panelShownAt.hasExpired(FocusSettleMs)) {
+        // Hidden and summoned again quickly, the toolkit reports the focus lost at the hide only
+        // now, before the panel has taken the focus back: asked again once it has settled.
+        QTimer::singleShot(FocusSettleMs - m_panelShownAt.elapsed(), this,
+                           [this] { applicationStateChanged(QGuiApplication::applicationState()); });
+        return;
+    }
     m_isActive = active;
     if (active) {
         cancelWindowCloseTimer(); // will become active

@@ -8,6 +8,7 @@
 #include "common/hvnotification.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QObject>
 
 #include <memory>
@@ -106,6 +107,7 @@ private:
     NimboBusService* m_bus;
     QTimer* m_windowCloseTimer = nullptr;
     QDateTime m_didBecomeActiveDate;
+    QElapsedTimer m_panelShownAt;
     bool m_finishedLaunching = false;
     bool m_runningDockless = false;
     bool m_isActive = false;

@@ -22,8 +22,10 @@ bool HVController::mainWindowIsVisible() const
 
 void HVController::showMainWindow()
 {
-    if (!mainWindowIsVisible() && m_finishedLaunching)
+    if (!mainWindowIsVisible() && m_finishedLaunching) {
+        m_panelShownAt.start();
         m_mainWindow->showPanel();
+    }
 }
 
 void HVController::hideMainWindow()

@@ -222,7 +222,13 @@ void HVWindow::showPanel()
     m_iconView->setGroupToShow(group);
     if (!isVisible() || windowOpacity() < 0.01)
         centerExactly();
-    fadeInOver(FadeSeconds);
+    if (!isVisible()) {
+        setWindowOpacity(0.0);
+        show();
+    }
+    // The focus is asked for before the fade: the toolkit still counts the application active
+    // for a moment after a quick hide, and would declare it inactive, hiding the panel again,
+    // if the focus did not come back while the panel fades in.
     PanelWindowHints::setOnAllWorkspaces(this);
     raise();
     if (!m_isNonActivating) {
@@ -230,6 +236,7 @@ void HVWindow::showPanel()
         PanelWindowHints::requestActivation(this);
     }
     setFocus();
+    fadeInOver(FadeSeconds);
     adoptWindowSystemFocus();
     QTimer::singleShot(250, this, &HVWindow::adoptWindowSystemFocus);
 }

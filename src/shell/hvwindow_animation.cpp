@@ -1,18 +1,27 @@
 // The panel's fades and slides. Each runs to its end before the call returns; user input
-// waits meanwhile, so a show or hide is never interrupted half way.
+// waits meanwhile, so a show or hide is never interrupted half way by the user. Other events
+// still arrive: one of them can start another animation of the same property (the application
+// losing the focus hides the panel while it fades in), which stops the first; the first then
+// returns at once and leaves the window to the newer one.
 #include "hvwindow.h"
 
 #include <QEventLoop>
 #include <QPropertyAnimation>
 
 namespace {
-void runBlocking(QPropertyAnimation& animation)
+// Returns whether the animation ran to its end rather than being stopped by another.
+bool runBlocking(QPropertyAnimation& animation)
 {
     QEventLoop loop;
-    QObject::connect(&animation, &QAbstractAnimation::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&animation, &QAbstractAnimation::stateChanged, &loop,
+                     [&loop](QAbstractAnimation::State state) {
+                         if (state == QAbstractAnimation::Stopped)
+                             loop.quit();
+                     });
     animation.start();
     if (animation.state() == QAbstractAnimation::Running)
         loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return animation.currentTime() >= animation.totalDuration();
 }
 } // namespace
 
@@ -28,7 +37,8 @@ void HVWindow::fadeInOver(double seconds)
         fade.setStartValue(windowOpacity());
         fade.setEndValue(1.0);
         fade.setEasingCurve(QEasingCurve::InQuad);
-        runBlocking(fade);
+        if (!runBlocking(fade))
+            return;
     }
     setWindowOpacity(1.0);
 }
@@ -41,7 +51,8 @@ void HVWindow::fadeOutOver(double seconds)
         fade.setStartValue(windowOpacity());
         fade.setEndValue(0.0);
         fade.setEasingCurve(QEasingCurve::OutQuad);
-        runBlocking(fade);
+        if (!runBlocking(fade))
+            return; // shown again meanwhile
     }
     hide();
     setWindowOpacity(1.0); // ready for the next showing
