@@ -14,6 +14,8 @@
 #include "common/hvuserdefaults.h"
 #include "platform/desktopiconsource.h"
 
+#include "offscreenbenchmarkmain.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -308,10 +310,5 @@ BENCHMARK(BM_WarmStartWithPanel)->UseManualTime()->Unit(benchmark::kMillisecond)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarksOffscreen(argc, argv);
 }

@@ -9,6 +9,8 @@
 #include "catalogue/listfilestore.h"
 #include "common/hvuserdefaults.h"
 
+#include "offscreenbenchmarkmain.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QKeyEvent>
@@ -67,6 +69,16 @@ struct ShownCatalogue
 };
 
 // Counts the paint events, to be sure every keystroke really repaints.
+// Shows group 1 at the panel's largest size and waits until it is on screen.
+void showAtPanelSize(HVIconView& view)
+{
+    view.setMaxIconViewSize(PanelMaximum);
+    view.setGroupToShow(1);
+    view.show();
+    while (!view.windowHandle() || !view.windowHandle()->isExposed())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+}
+
 struct PaintCounter : QObject
 {
     explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
@@ -96,11 +108,7 @@ void filterKeystrokeToRepaint(benchmark::State& state)
 {
     ShownCatalogue catalogue;
     HVIconView view(catalogue.manager.get(), catalogue.defaults.get());
-    view.setMaxIconViewSize(PanelMaximum);
-    view.setGroupToShow(1);
-    view.show();
-    while (!view.windowHandle() || !view.windowHandle()->isExposed())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    showAtPanelSize(view);
     PaintCounter paints(&view);
     view.repaint(); // icons scaled to the grid once, as the panel's first showing does
     const QString letters = "aeimo";
@@ -124,11 +132,7 @@ void filterFadingEveryIconToRepaint(benchmark::State& state)
 {
     ShownCatalogue catalogue;
     HVIconView view(catalogue.manager.get(), catalogue.defaults.get());
-    view.setMaxIconViewSize(PanelMaximum);
-    view.setGroupToShow(1);
-    view.show();
-    while (!view.windowHandle() || !view.windowHandle()->isExposed())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    showAtPanelSize(view);
     PaintCounter paints(&view);
     view.repaint();
     bool letter = true;
@@ -146,10 +150,5 @@ BENCHMARK(filterFadingEveryIconToRepaint)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarksOffscreen(argc, argv);
 }
