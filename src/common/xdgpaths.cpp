@@ -6,7 +6,7 @@ namespace {
 QString absoluteFromEnv(const char* variable, const QString& fallbackBelowHome)
 {
     const QString value = qEnvironmentVariable(variable);
-    // The base directory specification ignores relative paths.
+    // Relative paths in the XDG variables are ignored, as the base directories require.
     if (!value.isEmpty() && QDir::isAbsolutePath(value))
         return QDir::cleanPath(value);
     return QDir::homePath() + QLatin1Char('/') + fallbackBelowHome;
