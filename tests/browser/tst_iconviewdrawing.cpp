@@ -9,52 +9,19 @@
 #include <QPainter>
 
 namespace {
-// Names shown, with the Papirus icon each one gets.
-const QList<QPair<QString, QString>> ThemedApps = {
-    {"Firefox", "firefox"},
-    {"Chromium", "chromium"},
-    {"Thunderbird", "thunderbird"},
-    {"Telegram", "telegram"},
-    {"Signal", "signal-desktop"},
-    {"Discord", "discord"},
-    {"Transmission", "transmission"},
-    {"FileZilla", "filezilla"},
-    {"GIMP", "gimp"},
-    {"Inkscape", "inkscape"},
-    {"Krita", "krita"},
-    {"Blender", "blender"},
-    {"Darktable", "darktable"},
-    {"Shotwell", "shotwell"},
-    {"Image Viewer", "eog"},
-    {"Writer", "libreoffice-writer"},
-    {"Calc", "libreoffice-calc"},
-    {"Impress", "libreoffice-impress"},
-    {"Document Viewer", "evince"},
-    {"Okular", "okular"},
-    {"Calibre", "calibre"},
-    {"VLC", "vlc"},
-    {"Audacity", "audacity"},
-    {"Kdenlive", "kdenlive"},
-    {"OBS Studio", "obs"},
-    {"Rhythmbox", "rhythmbox"},
-    {"Spotify", "spotify"},
-    {"Cheese", "cheese"},
-    {"Terminal", "org.gnome.Terminal"},
-    {"Konsole", "konsole"},
-    {"Files", "nautilus"},
-    {"Thunar", "thunar"},
-    {"System Monitor", "gnome-system-monitor"},
-    {"Disk Usage", "baobab"},
-    {"GParted", "gparted"},
-    {"Calculator", "org.gnome.Calculator"},
-    {"Steam", "steam"},
-    {"VirtualBox", "virtualbox"},
-    {"Code", "code"},
-    {"VSCodium", "vscodium"},
-    {"Geany", "geany"},
-    {"Kate", "kate"},
-    {"Text Editor", "gedit"},
-};
+// Names shown, each with the Papirus icon it gets after the "=", apart by ";".
+const QStringList ThemedApps =
+    QString("Firefox=firefox;Chromium=chromium;Thunderbird=thunderbird;Telegram=telegram;"
+            "Signal=signal-desktop;Discord=discord;Transmission=transmission;FileZilla=filezilla;GIMP=gimp;"
+            "Inkscape=inkscape;Krita=krita;Blender=blender;Darktable=darktable;Shotwell=shotwell;"
+            "Image Viewer=eog;Writer=libreoffice-writer;Calc=libreoffice-calc;Impress=libreoffice-impress;"
+            "Document Viewer=evince;Okular=okular;Calibre=calibre;VLC=vlc;Audacity=audacity;"
+            "Kdenlive=kdenlive;OBS Studio=obs;Rhythmbox=rhythmbox;Spotify=spotify;Cheese=cheese;"
+            "Terminal=org.gnome.Terminal;Konsole=konsole;Files=nautilus;Thunar=thunar;"
+            "System Monitor=gnome-system-monitor;Disk Usage=baobab;GParted=gparted;"
+            "Calculator=org.gnome.Calculator;Steam=steam;VirtualBox=virtualbox;Code=code;VSCodium=vscodium;"
+            "Geany=geany;Kate=kate;Text Editor=gedit")
+        .split(';');
 const int BunchSizes[] = {8, 7, 6, 7, 10, 5};
 
 QList<QStringList> themedBunches()
@@ -64,7 +31,7 @@ QList<QStringList> themedBunches()
     for (int size : BunchSizes) {
         QStringList bunch;
         for (int i = 0; i < size; ++i)
-            bunch.append(ThemedApps.at(next++).first);
+            bunch.append(ThemedApps.at(next++).section('=', 0, 0));
         bunches.append(bunch);
     }
     return bunches;
@@ -100,10 +67,11 @@ class TestIconViewDrawing : public QObject
 
     static QList<QStringList> apps() { return {{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}}; }
 
-    static void redIcons(IconViewFixture& f)
+    static void showAllWithRedIcons(IconViewFixture& f)
     {
         for (const HVAppRef& app : f.manager->allApps1D())
             app->setIcon(solidIcon(Qt::red));
+        f.showGroup(5);
     }
 
     static void saveScreenshot(HVIconView& view, const QString& name)
@@ -117,8 +85,7 @@ private slots:
     void excludedAppsFadeInTheGroupOfAllApps()
     {
         IconViewFixture f(apps(), {"Epsilon"});
-        redIcons(f);
-        f.showGroup(5);
+        showAllWithRedIcons(f);
         const QImage image = rendered(*f.view, Qt::white);
         // The panel: black at 0.85 x 0.3 over white.
         const QColor panel = image.pixelColor(6, f.view->height() / 2);
@@ -136,8 +103,7 @@ private slots:
     void aFileDropHighlightsTheAppUnderThePointerThatCanOpenIt()
     {
         IconViewFixture f(apps());
-        redIcons(f);
-        f.showGroup(5);
+        showAllWithRedIcons(f);
         HVIconDragState drop;
         drop.dragDropInProgress = true;
         drop.droppableApps = {f.app("Beta")};
@@ -154,8 +120,7 @@ private slots:
     void scanningShowsOnlyTheProgressText()
     {
         IconViewFixture f(apps());
-        redIcons(f);
-        f.showGroup(5);
+        showAllWithRedIcons(f);
         HVNotificationCenter* center = HVNotificationCenter::defaultCenter();
         center->postNotificationName("N_ShowProgressStep", {}, {{"step", 2}, {"count", 5}, {"label", "~/x"}});
         QVERIFY(f.view->isBusyScanning());
@@ -209,8 +174,8 @@ private slots:
         const QString icons = "/usr/share/icons/Papirus/64x64/apps/";
         if (!QFile::exists(icons + "firefox.svg"))
             QSKIP("The Papirus icon theme is not installed");
-        for (const auto& [name, icon] : ThemedApps)
-            f.app(name)->setIcon(QImage(icons + icon + ".svg"));
+        for (const QString& app : ThemedApps)
+            f.app(app.section('=', 0, 0))->setIcon(QImage(icons + app.section('=', 1) + ".svg"));
         f.view->setMaxIconViewSize(QSizeF(900, 600));
         f.showGroup(1);
         saveScreenshot(*f.view, "iconview-bunches.png");

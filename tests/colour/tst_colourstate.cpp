@@ -37,19 +37,6 @@ QList<quint64> counts(const QList<SortedColor>& list)
     return result;
 }
 
-IconParameters withWrapHue(float wrap)
-{
-    IconParameters p;
-    p.wrapHue = wrap;
-    return p;
-}
-
-IconParameters byGrays()
-{
-    IconParameters p;
-    p.sortGrayBySecColor = true;
-    return p;
-}
 } // namespace
 
 class TestColourState : public QObject
@@ -59,10 +46,10 @@ private slots:
     void colouredIconsByRotatedHue()
     {
         QCOMPARE_EXACT(picked({colour(10.0, 0.8, 0.5, 100)}).colorSortValue(), 10.0 / 360.0);
-        const double wrapped = picked({colour(10.0, 0.8, 0.5, 100)}, withWrapHue(30.0f)).colorSortValue();
+        const double wrapped = picked({colour(10.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}).colorSortValue();
         QCOMPARE_EXACT(wrapped, 10.0 / 360.0 - 30.0 / 360.0 + 1.0);
         QVERIFY(std::fabs(wrapped - 0.94444) < 1e-5);
-        QCOMPARE_EXACT(picked({colour(30.0, 0.8, 0.5, 100)}, withWrapHue(30.0f)).colorSortValue(), 0.0);
+        QCOMPARE_EXACT(picked({colour(30.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}).colorSortValue(), 0.0);
         // The strongest coloured colour is the primary; on equal weights the earlier one.
         QCOMPARE_EXACT(picked({colour(10.0, 0.2, 0.5, 100), colour(200.0, 0.9, 0.5, 100)}).colorSortValue(),
                        200.0 / 360.0);
@@ -95,10 +82,13 @@ private slots:
 
     void greyIconsBySecondaryColour()
     {
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.5, 100)}, byGrays()).colorSortValue(), 1.75);
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, -0.5, 100)}, byGrays()).colorSortValue(), 2.0);
+        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.5, 100)}, {.sortGrayBySecColor = true}).colorSortValue(),
+                       1.75);
+        QCOMPARE_EXACT(picked({colour(0.0, 0.0, -0.5, 100)}, {.sortGrayBySecColor = true}).colorSortValue(),
+                       2.0);
         QCOMPARE_EXACT(
-            picked({colour(0.0, 0.0, 0.5, 1000), colour(180.0, 0.5, 0.5, 40)}, byGrays()).colorSortValue(),
+            picked({colour(0.0, 0.0, 0.5, 1000), colour(180.0, 0.5, 0.5, 40)}, {.sortGrayBySecColor = true})
+                .colorSortValue(),
             1.25);
     }
 
@@ -115,9 +105,7 @@ private slots:
         QCOMPARE_EXACT(zero.colorSortValue(), 10.0);
         QVERIFY(zero.sortedColors().isEmpty());
         // Coloured, but not enough of it, and no grey either: 10.0 without a message.
-        IconParameters all;
-        all.colorFraction = 1.0f;
-        const HVColourState notEnough = picked({colour(10.0, 0.5, 0.5, 100)}, all);
+        const HVColourState notEnough = picked({colour(10.0, 0.5, 0.5, 100)}, {.colorFraction = 1.0f});
         QCOMPARE_EXACT(notEnough.colorSortValue(), 10.0);
         QVERIFY(notEnough.sortedColors().isEmpty());
     }
@@ -131,8 +119,7 @@ private slots:
         QCOMPARE(counts(picked(colours).sortedColors()), (QList<quint64>{500, 500, 20, 30, 100, 2000}));
         QCOMPARE(counts(picked({colour(10.0, 0.5, 0.5, 7)}).sortedColors()), (QList<quint64>{7, 7}));
 
-        IconParameters grey;
-        grey.colorFraction = 0.9f;
+        IconParameters grey{.colorFraction = 0.9f};
         // Grey by lightness: the grey twice, the others in reverse order.
         QCOMPARE(counts(picked(colours, grey).sortedColors()),
                  (QList<quint64>{2000, 2000, 20, 30, 500, 100}));
@@ -159,8 +146,7 @@ private slots:
         QImage icon = filledBitmap(10, 10, 30, 120, 200);
         setPixelBytes(&icon, 0, 0, 250, 200, 10);
         HVColourState state;
-        IconParameters p;
-        p.iconSize = 64;
+        IconParameters p{.iconSize = 64};
         ColorSortWork work = state.setColorSortParameters(p, icon, "App");
         QVERIFY(work.analyse && work.pick);
         QCOMPARE(state.hclColorCount(), quint64(2));
@@ -244,8 +230,7 @@ private slots:
 
     void diagnosticImages()
     {
-        IconParameters p;
-        p.iconSize = 100;
+        IconParameters p{.iconSize = 100};
         HVColourState state = picked({colour(120.0, 0.6, 0.5, 300), colour(0.0, 0.0, 0.9, 100)}, p);
         const QList<SortedColor> list = state.sortedColors();
         QCOMPARE(counts(list), (QList<quint64>{300, 300, 100}));

@@ -110,11 +110,14 @@ private slots:
         QCOMPARE(capture.text(), QByteArray("\nzero colors specified for histogram"));
 
         // A layout that claims more bytes than there are is not read.
-        HVBitmapLayout tooBig;
-        tooBig.pixelsWide = 100, tooBig.pixelsHigh = 100, tooBig.samplesPerPixel = 4,
-        tooBig.bitsPerSample = 8;
-        tooBig.bitsPerPixel = 32, tooBig.bytesPerRow = 400, tooBig.hasAlpha = true;
-        tooBig.colorSpaceModel = HVColorSpaceModelRGB;
+        const HVBitmapLayout tooBig{.pixelsWide = 100,
+                                    .pixelsHigh = 100,
+                                    .bitsPerSample = 8,
+                                    .samplesPerPixel = 4,
+                                    .bytesPerRow = 400,
+                                    .bitsPerPixel = 32,
+                                    .hasAlpha = true,
+                                    .colorSpaceModel = HVColorSpaceModelRGB};
         QVERIFY(!HVBitmapRep::withLayout(tooBig, QByteArray(64, '\x7f'))
                      .createDominantColorsWithCount(6, 0.14, 0, 50));
     }

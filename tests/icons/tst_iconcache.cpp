@@ -161,14 +161,11 @@ private slots:
     {
         QTest::addColumn<QString>("damage");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("flipped byte") << "flip"
-                                      << "damaged";
-        QTest::newRow("truncated") << "truncate"
-                                   << "damaged|wrong size";
-        QTest::newRow("empty") << "empty"
-                               << "wrong size";
-        QTest::newRow("garbage") << "garbage"
-                                 << "damaged";
+        for (const auto& [damage, reason] : {std::pair{"flip", "damaged"},
+                                             {"truncate", "damaged|wrong size"},
+                                             {"empty", "wrong size"},
+                                             {"garbage", "damaged"}})
+            QTest::newRow(damage) << QString(damage) << QString(reason);
     }
 
     void damagedCacheFileIsRebuilt()

@@ -26,39 +26,30 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("size");
         QTest::addColumn<QString>("expected");
+        const auto row = [](const char* tag, const char* theme, const char* name, int size,
+                            const char* expected) {
+            QTest::newRow(tag) << QString(theme) << QString(name) << size << QString(expected);
+        };
         // Papirus keeps its 128-pixel applications as SVG meant for 128 to 512 pixels.
-        QTest::newRow("papirus 128") << "Papirus"
-                                     << "firefox" << 128 << "Papirus/128x128/apps/firefox.svg";
-        QTest::newRow("papirus 64") << "Papirus"
-                                    << "firefox" << 64 << "Papirus/64x64/apps/firefox.svg";
-        QTest::newRow("papirus 48") << "Papirus"
-                                    << "firefox" << 48 << "Papirus/48x48/apps/firefox.svg";
+        row("papirus 128", "Papirus", "firefox", 128, "Papirus/128x128/apps/firefox.svg");
+        row("papirus 64", "Papirus", "firefox", 64, "Papirus/64x64/apps/firefox.svg");
+        row("papirus 48", "Papirus", "firefox", 48, "Papirus/48x48/apps/firefox.svg");
         // No folder is meant for 100: the closest one that is at least as large.
-        QTest::newRow("papirus 100") << "Papirus"
-                                     << "firefox" << 100 << "Papirus/128x128/apps/firefox.svg";
-        QTest::newRow("papirus own logo") << "Papirus"
-                                          << "debian-logo" << 48 << "Papirus/48x48/apps/debian-logo.svg";
-        QTest::newRow("adwaita 48") << "Adwaita"
-                                    << "accessories-calculator" << 48
-                                    << "Adwaita/48x48/legacy/accessories-calculator.png";
-        QTest::newRow("adwaita 24") << "Adwaita"
-                                    << "accessories-calculator" << 24
-                                    << "Adwaita/24x24/legacy/accessories-calculator.png";
+        row("papirus 100", "Papirus", "firefox", 100, "Papirus/128x128/apps/firefox.svg");
+        row("papirus own logo", "Papirus", "debian-logo", 48, "Papirus/48x48/apps/debian-logo.svg");
+        row("adwaita 48", "Adwaita", "accessories-calculator", 48,
+            "Adwaita/48x48/legacy/accessories-calculator.png");
+        row("adwaita 24", "Adwaita", "accessories-calculator", 24,
+            "Adwaita/24x24/legacy/accessories-calculator.png");
         // Only bitmaps of 24 and 48 pixels exist: the larger one is scaled up.
-        QTest::newRow("adwaita 128") << "Adwaita"
-                                     << "accessories-calculator" << 128
-                                     << "Adwaita/48x48/legacy/accessories-calculator.png";
+        row("adwaita 128", "Adwaita", "accessories-calculator", 128,
+            "Adwaita/48x48/legacy/accessories-calculator.png");
         // Adwaita has no xterm; it inherits hicolor, whose own folders decide by size.
-        QTest::newRow("inherited 48") << "Adwaita"
-                                      << "xterm" << 48 << "hicolor/48x48/apps/xterm.png";
-        QTest::newRow("inherited 128") << "Adwaita"
-                                       << "xterm" << 128 << "hicolor/scalable/apps/xterm.svg";
-        QTest::newRow("inherited 96") << "Adwaita"
-                                      << "xterm" << 96 << "hicolor/scalable/apps/xterm.svg";
-        QTest::newRow("pixmaps last") << "Adwaita"
-                                      << "debian-logo" << 128 << "/usr/share/pixmaps/debian-logo.png";
-        QTest::newRow("nowhere") << "Papirus"
-                                 << "no-such-icon-anywhere" << 128 << "";
+        row("inherited 48", "Adwaita", "xterm", 48, "hicolor/48x48/apps/xterm.png");
+        row("inherited 128", "Adwaita", "xterm", 128, "hicolor/scalable/apps/xterm.svg");
+        row("inherited 96", "Adwaita", "xterm", 96, "hicolor/scalable/apps/xterm.svg");
+        row("pixmaps last", "Adwaita", "debian-logo", 128, "/usr/share/pixmaps/debian-logo.png");
+        row("nowhere", "Papirus", "no-such-icon-anywhere", 128, "");
     }
 
     void realThemes()
@@ -219,22 +210,17 @@ private slots:
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("file");
         QTest::addColumn<QStringList>("names");
-        QTest::newRow("name") << "firefox"
-                              << "" << QStringList{"firefox"};
-        QTest::newRow("reverse dns") << "org.gnome.Calculator"
-                                     << "" << QStringList{"org.gnome.Calculator"};
-        QTest::newRow("stray extension") << "gvim.png"
-                                         << "" << QStringList{"gvim"};
-        QTest::newRow("svgz") << "tool.SVGZ"
-                              << "" << QStringList{"tool"};
-        QTest::newRow("absolute") << " /opt/app/icon.png "
-                                  << "/opt/app/icon.png" << QStringList{};
-        QTest::newRow("relative path") << "icons/app.png"
-                                       << "" << QStringList{};
-        QTest::newRow("blank") << "  "
-                               << "" << QStringList{};
-        QTest::newRow("only extension") << ".png"
-                                        << "" << QStringList{};
+        const auto row = [](const char* tag, const char* value, const char* file, const QStringList& names) {
+            QTest::newRow(tag) << QString(value) << QString(file) << names;
+        };
+        row("name", "firefox", "", {"firefox"});
+        row("reverse dns", "org.gnome.Calculator", "", {"org.gnome.Calculator"});
+        row("stray extension", "gvim.png", "", {"gvim"});
+        row("svgz", "tool.SVGZ", "", {"tool"});
+        row("absolute", " /opt/app/icon.png ", "/opt/app/icon.png", {});
+        row("relative path", "icons/app.png", "", {});
+        row("blank", "  ", "", {});
+        row("only extension", ".png", "", {});
     }
 
     void iconValues()

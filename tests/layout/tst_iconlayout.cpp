@@ -5,19 +5,8 @@
 #include <QtTest>
 
 namespace {
-HVIconLayoutPreferences prefs(int orientation = 2, int readingOrder = 1, int spacing = 0,
-                              bool minimize = false)
-{
-    HVIconLayoutPreferences p;
-    p.groupOrientation = orientation;
-    p.iconReadingOrder = readingOrder;
-    p.iconSpacing = spacing;
-    p.minimizeEmptyCells = minimize;
-    return p;
-}
-
 // Bunches of 3 and 5 apps side by side on a 1200 x 800 panel: 3 rows, 3 columns.
-HVIconLayout threeAndFive(const HVIconLayoutPreferences& p = prefs())
+HVIconLayout threeAndFive(const HVIconLayoutPreferences& p = {})
 {
     return HVIconLayout::forGroup(1, false, {3, 5}, p, QSizeF(1200, 800));
 }
@@ -41,29 +30,30 @@ private slots:
     {
         // Ten apps on a square area: 1, 2 and 3 rows are all too wide (10, 2.5, 1.33), 4 rows give
         // 3 columns (0.75); 0.75 lies closer to 1 than 1.33 does, so 4 x 3 stays.
-        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(524, 524));
+        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(524, 524));
         QCOMPARE(layout.rowCount(), 4);
         QCOMPARE(layout.colCount(), 3);
         QCOMPARE(layout.bunchCount(), 1);
         QCOMPARE(layout.viewSize(), QSizeF(228, 296));
         QCOMPARE(indexes(layout, 3), (QList<quint64>{9, 99, 99}));
         // Twice as wide as tall: 3 rows (1.33) stop the search, but 2 rows (2.5) lay closer to 2.
-        const HVIconLayout wide = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(424, 224));
+        const HVIconLayout wide = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(424, 224));
         QCOMPARE(wide.rowCount(), 2);
         QCOMPARE(wide.colCount(), 5);
-        const HVIconLayout downward = HVIconLayout::forGroup(2, false, {10}, prefs(2, 2), QSizeF(524, 524));
+        const HVIconLayout downward =
+            HVIconLayout::forGroup(2, false, {10}, {.iconReadingOrder = 2}, QSizeF(524, 524));
         QCOMPARE(indexes(downward, 1), (QList<quint64>{1, 5, 9}));
         QCOMPARE(indexes(downward, 2), (QList<quint64>{2, 6, 99}));
     }
 
     void runningAppsMakeAStripAsLongAsTheWidthAllows()
     {
-        QCOMPARE(HVIconLayout::forGroup(0, false, {10}, prefs(), QSizeF(1200, 800)).rowCount(), 1);
-        const HVIconLayout twenty = HVIconLayout::forGroup(0, false, {20}, prefs(), QSizeF(1200, 800));
+        QCOMPARE(HVIconLayout::forGroup(0, false, {10}, {}, QSizeF(1200, 800)).rowCount(), 1);
+        const HVIconLayout twenty = HVIconLayout::forGroup(0, false, {20}, {}, QSizeF(1200, 800));
         QCOMPARE(twenty.rowCount(), 2);
         QCOMPARE(twenty.colCount(), 10);
         // 276 points across: 10, 5 columns of 68 overflow, 4 fit.
-        const HVIconLayout narrow = HVIconLayout::forGroup(0, false, {10}, prefs(), QSizeF(300, 800));
+        const HVIconLayout narrow = HVIconLayout::forGroup(0, false, {10}, {}, QSizeF(300, 800));
         QCOMPARE(narrow.rowCount(), 3);
         QCOMPARE(narrow.colCount(), 4);
     }
@@ -71,12 +61,13 @@ private slots:
     void iconsShrinkOnePointAtATimeUntilTheGridFits()
     {
         // 4 rows of cells plus margins within 200 points: cells of 44, icons of 40.
-        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(200, 200));
+        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(200, 200));
         QCOMPARE(layout.iconWidth(), 40);
         QCOMPARE(layout.cellWidth(), 44);
         QCOMPARE(layout.viewSize(), QSizeF(156, 200));
         // With 3 points between cells: 4 c + 24 + 9 <= 200 leaves c = 41.
-        const HVIconLayout spaced = HVIconLayout::forGroup(2, false, {10}, prefs(2, 1, 3), QSizeF(200, 200));
+        const HVIconLayout spaced =
+            HVIconLayout::forGroup(2, false, {10}, {.iconSpacing = 3}, QSizeF(200, 200));
         QCOMPARE(spaced.iconWidth(), 37);
         QCOMPARE(spaced.viewSize(), QSizeF(153, 197));
         QCOMPARE(spaced.rectOfCellForRow(3, 2), QRectF(100, 144, 41, 41));
@@ -99,12 +90,12 @@ private slots:
         // Across then down within the bunch of five, which takes two columns.
         QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 0, 1}));
         QCOMPARE(indexes(layout, 2), (QList<quint64>{2, 4, 99}));
-        QCOMPARE(indexes(threeAndFive(prefs(2, 2)), 0), (QList<quint64>{0, 0, 3}));
+        QCOMPARE(indexes(threeAndFive({.iconReadingOrder = 2}), 0), (QList<quint64>{0, 0, 3}));
     }
 
     void forcedRowsPutHalfACellBetweenBunches()
     {
-        HVIconLayout layout = threeAndFive(prefs(2, 1, 4));
+        HVIconLayout layout = threeAndFive({.iconSpacing = 4});
         QVERIFY(layout.forceRowColCountForRows(2, 0));
         QCOMPARE(layout.colCount(), 5); // 2 columns for three apps, 3 for five
         QCOMPARE(layout.viewSize(), QSizeF(5 * 68 + 24 + 3 * 4 + 34, 2 * 68 + 24 + 4));
@@ -117,7 +108,7 @@ private slots:
 
     void bunchesStackedAndTheEmptyCellTradeOff()
     {
-        const HVIconLayout layout = threeAndFive(prefs(1));
+        const HVIconLayout layout = threeAndFive({.groupOrientation = 1});
         QCOMPARE(layout.rowCount(), 2);
         QCOMPARE(layout.colCount(), 5);
         QCOMPARE(layout.viewSize(), QSizeF(364, 194));
@@ -129,11 +120,14 @@ private slots:
         QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 1, 2, 99, 99}));
         // Keeping empty cells few goes on to 3 x 3 (one empty cell instead of two) even though
         // that shape lies further from the panel's aspect.
-        const HVIconLayout fewerEmpty = threeAndFive(prefs(1, 1, 0, true));
+        const HVIconLayout fewerEmpty = threeAndFive({.groupOrientation = 1, .minimizeEmptyCells = true});
         QCOMPARE(fewerEmpty.rowCount(), 3);
         QCOMPARE(fewerEmpty.colCount(), 3);
         QCOMPARE(fewerEmpty.lookupTable().at(1, 0).bunch, quint64(1));
-        QCOMPARE(indexes(threeAndFive(prefs(1, 2, 0, true)), 1), (QList<quint64>{0, 2, 4}));
+        QCOMPARE(
+            indexes(threeAndFive({.groupOrientation = 1, .iconReadingOrder = 2, .minimizeEmptyCells = true}),
+                    1),
+            (QList<quint64>{0, 2, 4}));
     }
 
     void optionKeyAndOrientationPickTheGroupShown()
@@ -147,7 +141,8 @@ private slots:
         QCOMPARE(groupToShowConsideringModifiers(3, true, 1), 3);
         QCOMPARE(groupToShowConsideringModifiers(0, true, 0), 0);
         // A flat group shows the bunches' apps as one run.
-        const HVIconLayout shown = HVIconLayout::forGroup(1, false, {3, 5}, prefs(0), QSizeF(1200, 800));
+        const HVIconLayout shown =
+            HVIconLayout::forGroup(1, false, {3, 5}, {.groupOrientation = 0}, QSizeF(1200, 800));
         QCOMPARE(shown.groupShown(), 2);
         QCOMPARE(shown.bunchCount(), 1);
         QCOMPARE(shown.bunchSizes(), QList<int>{8});
@@ -155,11 +150,8 @@ private slots:
 
     void preferencesAreClampedToTheirRanges()
     {
-        HVIconLayoutPreferences p;
-        p.maximumIconSize = 200;
-        p.iconPadding = 0;
-        p.iconSpacing = -3;
-        p.groupOrientation = 7;
+        HVIconLayoutPreferences p{
+            .groupOrientation = 7, .maximumIconSize = 200, .iconPadding = 0, .iconSpacing = -3};
         QCOMPARE(p.clamped().maximumIconSize, 128);
         QCOMPARE(p.clamped().iconPadding, 2);
         QCOMPARE(p.clamped().iconSpacing, 0);
@@ -197,7 +189,7 @@ private slots:
         QVERIFY(hit(262, 100).isEmpty());
         QVERIFY(hit(-0.5, 100).isEmpty());
         // A flat list is one bunch: its margins still report the bunch.
-        const HVIconLayout flat = HVIconLayout::forGroup(2, false, {10}, prefs(), QSizeF(524, 524));
+        const HVIconLayout flat = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(524, 524));
         QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)).bunch, quint64(0));
         QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)).margin, quint64(2));
         QCOMPARE(flat.bunchSpacingRects(), (QList<QRectF>{QRectF(), QRectF()}));
@@ -217,7 +209,7 @@ private slots:
 
     void cellSizeAndViewSizeInvertEachOther()
     {
-        const HVIconLayout layout = threeAndFive(prefs(2, 1, 3));
+        const HVIconLayout layout = threeAndFive({.iconSpacing = 3});
         const QSizeF view = layout.viewSizeForCellSize(QSizeF(50, 50), 3, 3);
         QCOMPARE(view, QSizeF(3 * 50 + 24 + 3 + 25, 3 * 50 + 24 + 6));
         QCOMPARE(layout.cellSizeForViewSize(view, 3, 3), QSizeF(50, 50));

@@ -11,14 +11,6 @@
 #include <QtTest>
 
 namespace {
-HVIconLayoutPreferences orientation(int groupOrientation, int readingOrder = 1)
-{
-    HVIconLayoutPreferences p;
-    p.groupOrientation = groupOrientation;
-    p.iconReadingOrder = readingOrder;
-    return p;
-}
-
 QList<qint64> ones(int count)
 {
     return QList<qint64>(count, 1);
@@ -90,10 +82,11 @@ private slots:
     {
         for (int o : {0, 1, 2}) {
             for (const QSizeF& panel : {QSizeF(1872, 1032), QSizeF(100, 4000), QSizeF(4000, 60)}) {
-                const HVIconLayout big = HVIconLayout::forGroup(1, false, {5000}, orientation(o), panel);
+                const HVIconLayout big =
+                    HVIconLayout::forGroup(1, false, {5000}, {.groupOrientation = o}, panel);
                 verifySane(big);
                 QCOMPARE(big.bunchSizes(), QList<int>{5000});
-                verifySane(HVIconLayout::forGroup(0, false, {5000}, orientation(o), panel));
+                verifySane(HVIconLayout::forGroup(0, false, {5000}, {.groupOrientation = o}, panel));
             }
         }
         const HVIconLayout sideBySide = HVIconLayout::forGroup(1, false, ones(300), {}, QSizeF(1872, 1032));
@@ -101,7 +94,7 @@ private slots:
         QCOMPARE(sideBySide.colCount(), 256);
         verifySane(sideBySide);
         const HVIconLayout stacked =
-            HVIconLayout::forGroup(1, false, ones(300), orientation(1), QSizeF(1872, 1032));
+            HVIconLayout::forGroup(1, false, ones(300), {.groupOrientation = 1}, QSizeF(1872, 1032));
         QCOMPARE(stacked.rowCount(), 256);
         QCOMPARE(stacked.bunchRects().size(), 256);
         QCOMPARE(stacked.bunchSpacingRects().size(), 257);
@@ -119,7 +112,7 @@ private slots:
     {
         for (int o : {-1, 0, 1, 2, 9}) {
             for (int readingOrder : {0, 1, 2, 77}) {
-                HVIconLayoutPreferences p = orientation(o, readingOrder);
+                HVIconLayoutPreferences p{.groupOrientation = o, .iconReadingOrder = readingOrder};
                 p.maximumIconSize = o < 0 ? -50 : 1000000;
                 p.iconPadding = 1000;
                 p.iconSpacing = -1000;
@@ -140,12 +133,15 @@ private slots:
     void commandPrintsTheGridAsJson()
     {
         QProcess ctl;
-        ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), {QStringLiteral("layout")});
-        ctl.write(R"({"group": 1, "bunches": [3, 5], "groupOrientation": 2, "iconReadingOrder": 1,
+        const auto run = [&ctl](const QByteArray& input) {
+            ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), {QStringLiteral("layout")});
+            ctl.write(input);
+            ctl.closeWriteChannel();
+            return ctl.waitForFinished(10000);
+        };
+        QVERIFY(run(R"({"group": 1, "bunches": [3, 5], "groupOrientation": 2, "iconReadingOrder": 1,
                       "maximumIconSize": 64, "iconPadding": 2, "iconSpacing": 0, "minimizeEmptyCells": false,
-                      "maxViewSize": [1200, 800], "optionKey": false, "points": [[200, 160], [-1, 0]]})");
-        ctl.closeWriteChannel();
-        QVERIFY(ctl.waitForFinished(10000));
+                      "maxViewSize": [1200, 800], "optionKey": false, "points": [[200, 160], [-1, 0]]})"));
         QCOMPARE(ctl.exitCode(), 0);
         const QJsonObject out = QJsonDocument::fromJson(ctl.readAllStandardOutput()).object();
         QCOMPARE(out.value("viewSize").toArray(), (QJsonArray{262, 228}));
@@ -165,10 +161,7 @@ private slots:
         for (const QByteArray& bad :
              {QByteArray("[1, 2]"), QByteArray("{\"bunches\": [-1]}"), QByteArray("{\"maxViewSize\": 5}"),
               QByteArray("{\"iconSpacing\": \"x\"}"), QByteArray("{\"points\": [[1]]}")}) {
-            ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), {QStringLiteral("layout")});
-            ctl.write(bad);
-            ctl.closeWriteChannel();
-            QVERIFY(ctl.waitForFinished(10000));
+            QVERIFY(run(bad));
             QCOMPARE(ctl.exitCode(), 1);
             QVERIFY(ctl.readAllStandardOutput().isEmpty());
         }
