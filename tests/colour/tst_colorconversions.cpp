@@ -129,12 +129,20 @@ private slots:
 
     void illuminantTable()
     {
-        // The table's size and the one name beyond ASCII; the values are checked by what they imply.
         QCOMPARE(kStandardIlluminants.size(), size_t(20));
+        QCOMPARE(QByteArray(kStandardIlluminants[IlluminantA].name),
+                 QByteArray("Illuminant A - Incandescent, Tungsten-Filament Lamp"));
         QCOMPARE(
             QString::fromUtf8(kStandardIlluminants[IlluminantD65].name),
             QString::fromUtf8("Illuminant D65 - 2° Observer, Noon Daylight, Television, sRGB Color Space"));
+        QCOMPARE(QByteArray(kStandardIlluminants[IlluminantF12].name),
+                 QByteArray("Illuminant F12 - Philips TL83, Ultralume 30 (CCT 3000K, CRI 83)"));
+        const StandardIlluminant& d50 = kStandardIlluminants[IlluminantD50];
+        QCOMPARE_EXACT(d50.observer2.x, 0.34567);
+        QCOMPARE_EXACT(d50.observer10.y, 0.35952);
         const StandardIlluminant& d65 = kStandardIlluminants[IlluminantD65];
+        QCOMPARE_EXACT(d65.observer2.y, 0.32902);
+        QCOMPARE_EXACT(d65.observer10.x, 0.31382);
         const StandardIlluminant& e = kStandardIlluminants[IlluminantE];
         for (double v : {e.observer2.x, e.observer2.y, e.observer10.x, e.observer10.y})
             QCOMPARE_EXACT(v, 1.0 / 3.0);
@@ -147,7 +155,12 @@ private slots:
     void workingSpacesAgreeWithTheirPrimaries()
     {
         QCOMPARE(kRGBWorkingSpaces.size(), size_t(16));
-        QCOMPARE(QByteArray(kRGBWorkingSpaces[SRGB].name), QByteArray("sRGB"));
+        const RGBWorkingSpace& srgb = kRGBWorkingSpaces[SRGB];
+        QCOMPARE(QByteArray(srgb.name), QByteArray("sRGB"));
+        QCOMPARE_EXACT(srgb.green.Y, 0.715158);
+        QCOMPARE_EXACT(kRGBWorkingSpaces[ProPhotoRGB].gamma, 1.8);
+        QCOMPARE_EXACT(kRGBWorkingSpaces[ECIRGBv2].gamma, 1.0);
+        QCOMPARE_EXACT(kRGBWorkingSpaces[NTSCRGB].white.x, 0.31006);
         for (const RGBWorkingSpace& space : kRGBWorkingSpaces) {
             // The luminance shares sum to 1 and are what the primaries and white imply.
             QVERIFY2(std::fabs(space.red.Y + space.green.Y + space.blue.Y - 1.0) < 2e-6, space.name);
