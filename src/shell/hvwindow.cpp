@@ -270,7 +270,8 @@ void HVWindow::lowerPanel()
 
 void HVWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (m_iconView->handleKeyDown(event))
+    // With the focus on the view, the view has had the key already and passed it on.
+    if (!m_iconView->hasFocus() && m_iconView->handleKeyDown(event))
         return;
     const bool command = event->modifiers() & Qt::ControlModifier;
     if (event->key() == Qt::Key_Escape ||
@@ -283,7 +284,8 @@ void HVWindow::keyPressEvent(QKeyEvent* event)
 
 void HVWindow::keyReleaseEvent(QKeyEvent* event)
 {
-    m_iconView->handleKeyUp(event);
+    if (!m_iconView->hasFocus())
+        m_iconView->handleKeyUp(event);
     QWidget::keyReleaseEvent(event);
 }
 
