@@ -13,16 +13,6 @@
 #include <cmath>
 
 namespace {
-// The record's colour-spectrum picture where the record offers one, else its icon.
-template<typename App>
-QImage spectrumOrIcon(const App& app)
-{
-    if constexpr (requires { app.spectrumIcon(); })
-        return app.spectrumIcon();
-    else
-        return app.icon();
-}
-
 QPolygonF triangleRight(const QRectF& r)
 {
     return QPolygonF({r.topLeft(), r.bottomLeft(), QPointF(r.right(), r.center().y())});
@@ -188,7 +178,7 @@ void HVIconView::drawCellforRow(QPainter& painter, int row, int column)
 void HVIconView::drawIcon(QPainter& painter, const HVApp& app, const QRectF& rect, bool exactRect,
                           double opacity)
 {
-    const QImage source = m_showIconSpectrums ? spectrumOrIcon(app) : app.icon();
+    const QImage source = m_showIconSpectrums ? app.spectrumIcon() : app.icon();
     if (exactRect || rect.width() != rect.height()) {
         // Scaled as drawn; the cached icons below are copied pixel for pixel.
         painter.save();

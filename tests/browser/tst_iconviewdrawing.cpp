@@ -130,6 +130,29 @@ private slots:
         QVERIFY(near(rendered(*f.view, Qt::white).pixelColor(f.centreOf("Alpha")), 255, 0, 0));
     }
 
+    void colourSpectrumsReplaceTheIconsOnRequest()
+    {
+        // A square red icon becomes a red disc: its corners show the panel.
+        IconViewFixture f(apps());
+        f.defaults->setInteger(2, "groupContentsSortOrder");
+        showAllWithRedIcons(f);
+        f.app("Alpha")->setColorSortParameters({.iconSize = 64}); // the spectrum's size
+        const QRectF cell = f.view->rectOfApp(f.app("Alpha"));
+        const auto firstRedOnTheDiagonal = [&] {
+            const QImage image = rendered(*f.view, Qt::white);
+            for (int d = 0; d < cell.width() / 2; ++d) {
+                if (near(image.pixelColor(int(cell.left()) + d, int(cell.top()) + d), 255, 0, 0))
+                    return d;
+            }
+            return -1;
+        };
+        const int icon = firstRedOnTheDiagonal();
+        QVERIFY(icon >= 0);
+        QVERIFY(f.key(Qt::Key_QuoteLeft, "`", Qt::ControlModifier));
+        QVERIFY(f.view->showsIconSpectrums());
+        QVERIFY2(firstRedOnTheDiagonal() > icon + 5, qPrintable(QString::number(firstRedOnTheDiagonal())));
+    }
+
     void linesRunThroughTheGapsBetweenBunches()
     {
         // Three bunches of one side by side: cells of 68 at x = 12, 114 and 216, gaps of 34.
