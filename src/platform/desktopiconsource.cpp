@@ -78,15 +78,25 @@ void DesktopIconSource::writeToCache(const IconCacheKey& key, const IconCacheEnt
     if (m_queuedWrites.fetch_add(1) >= MaxQueuedWrites) {
         // The writer is far behind: this load pays for its own file, which bounds the memory
         // that waiting icons hold.
-        m_cache.write(key, entry);
+        store(key, entry);
         --m_queuedWrites;
         return;
     }
     m_writer.start([this, key, entry] {
         lowerThisThreadOnce(WritingNiceness);
-        m_cache.write(key, entry);
+        store(key, entry);
         --m_queuedWrites;
     });
+}
+
+void DesktopIconSource::store(const IconCacheKey& key, const IconCacheEntry& entry)
+{
+    QString why;
+    if (!m_cache.write(key, entry, &why) && !why.isEmpty() && !m_writeFailureLogged.exchange(true)) {
+        // Said once: every icon would fail alike, and they are all rendered again next time.
+        qWarning("Icon cache folder %s cannot be written (%s): icons are rendered at every start",
+                 qUtf8Printable(m_cache.folder()), qUtf8Printable(why));
+    }
 }
 
 DesktopIconSource::Counts DesktopIconSource::counts() const

@@ -58,6 +58,7 @@ private:
 
     std::shared_ptr<const IconThemeLookup> lookup(quint64* fingerprint);
     void writeToCache(const IconCacheKey& key, const IconCacheEntry& entry);
+    void store(const IconCacheKey& key, const IconCacheEntry& entry);
     LoadedIcon render(const IconRequest& request, const IconThemeLookup& themes, IconCacheEntry* entry,
                       QString* error) const;
 
@@ -69,5 +70,6 @@ private:
     QElapsedTimer m_checked;
     std::atomic<int> m_hits{0}, m_colourUpdates{0}, m_renders{0}, m_rejected{0};
     std::atomic<int> m_queuedWrites{0};
+    std::atomic<bool> m_writeFailureLogged{false};
     QThreadPool m_writer;
 };

@@ -168,7 +168,7 @@ int IconDiskCache::removeLeftovers(int minimumAgeSeconds) const
     return removed;
 }
 
-bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) const
+bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry, QString* diskError) const
 {
     const QImage image = entry.image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     if (image.width() != key.size || image.height() != key.size || key.size > MaxEdge)
@@ -195,8 +195,13 @@ bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) 
     }
     const quint64 sum = checksum(bytes.constData(), bytes.size());
     bytes.append(reinterpret_cast<const char*>(&sum), 8);
-    if (!QDir().mkpath(m_folder))
+    const auto failed = [diskError](const QString& why) {
+        if (diskError)
+            *diskError = why;
         return false;
+    };
+    if (!QDir().mkpath(m_folder))
+        return failed(QStringLiteral("the folder cannot be made"));
     // Written aside and renamed over, so a reader never sees half a file. Not synced to disk: a
     // file cut short by a crash fails its checksum and is rendered again, which is all a cache
     // needs, and start-up does not wait for a thousand disk flushes.
@@ -207,13 +212,14 @@ bool IconDiskCache::write(const IconCacheKey& key, const IconCacheEntry& entry) 
                               .arg(quintptr(QThread::currentThreadId()), 0, 16);
     QFile file(aside);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
+        return failed(file.errorString());
     const bool written = file.write(bytes) == bytes.size() && file.flush();
     file.close();
     if (!written ||
         ::rename(QFile::encodeName(aside).constData(), QFile::encodeName(target).constData()) != 0) {
+        const QString why = written ? QString::fromLocal8Bit(std::strerror(errno)) : file.errorString();
         QFile::remove(aside);
-        return false;
+        return failed(why);
     }
     return true;
 }

@@ -53,8 +53,10 @@ public:
     QString fileForKey(const IconCacheKey& key) const;
     // The stored entry for the key; nothing when there is none or it is damaged (`why` says how).
     std::optional<IconCacheEntry> read(const IconCacheKey& key, QString* why = nullptr) const;
-    // Replaces the key's file at once (written aside, then renamed); false when it cannot be written.
-    bool write(const IconCacheKey& key, const IconCacheEntry& entry) const;
+    // Replaces the key's file at once (written aside, then renamed). False when the entry was not
+    // stored; `diskError` then says why if the folder or file could not be written (an image the
+    // cache does not keep, such as one that is not square, is no error).
+    bool write(const IconCacheKey& key, const IconCacheEntry& entry, QString* diskError = nullptr) const;
 
     // Removes the half-written files a killed process left beside the cache files (older than
     // `minimumAgeSeconds`, so that another process's writing is left alone); their number.

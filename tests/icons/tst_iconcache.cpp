@@ -80,6 +80,23 @@ private slots:
         QCOMPARE(other.analysis->colorfulness, 0.3f);
     }
 
+    void anUnwritableCacheIsSaidOnceAndIconsStillCome()
+    {
+        TestEnvironment env;
+        env.writeFile("cache/Nimbo", "a file where the cache folder should be");
+        DesktopIconSource::Settings where = settings(env);
+        where.cacheFolder = env.cacheHome() + "/Nimbo/icons";
+        const QRegularExpression said("Icon cache folder .* cannot be written");
+        QTest::ignoreMessage(QtWarningMsg, said);
+        QTest::failOnWarning(said);
+        DesktopIconSource source(where);
+        QString error;
+        for (const char* name : {"firefox", "gimp", "inkscape"})
+            QVERIFY(!source.loadIcon({entry(env, name, name), 48, 0.14f, 0.02f}, &error).image.isNull());
+        source.waitForCacheWrites();
+        QCOMPARE(source.counts().renders, 3);
+    }
+
     void changedEntryIsRenderedAgain()
     {
         TestEnvironment env;
