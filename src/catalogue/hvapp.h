@@ -63,6 +63,9 @@ public:
     bool hasIcon() const;
     // A different image replaces the icon and its colours, which are found again at once.
     void setIcon(const QImage& icon);
+    // The icon of a running program's window, for a record no desktop entry describes: kept
+    // through later icon loads, which could only find something else for the program file.
+    void setWindowIcon(const QImage& icon);
     void resetIconToDot();
     static QImage dotImage();
     static QImage notFoundImage();
@@ -117,6 +120,7 @@ private:
     QString m_displayName;
     bool m_pathIsValid = false;
     QImage m_icon;
+    bool m_iconFromWindow = false;
     QByteArray m_letters;
     bool m_lettersComputed = false;
     quint64 m_fileID = 0;

@@ -48,6 +48,12 @@ void HVApp::setIcon(const QImage& icon)
     setColorSortParameters(m_colour.colorSortParameters());
 }
 
+void HVApp::setWindowIcon(const QImage& icon)
+{
+    m_iconFromWindow = true;
+    setIcon(icon);
+}
+
 void HVApp::setLoadedIcon(const LoadedIcon& loaded)
 {
     if (loaded.image.cacheKey() == m_icon.cacheKey())
@@ -100,6 +106,10 @@ void HVApp::setIconParameters(const IconParameters& params)
 
 void HVApp::loadIconWithParameters(const IconParameters& params)
 {
+    if (m_iconFromWindow && !m_icon.isNull()) {
+        setColorSortParameters(params);
+        return;
+    }
     struct stat info;
     if (::stat(QFile::encodeName(m_path).constData(), &info) != 0) {
         qWarning("Cannot read the attributes of %s: %s", qUtf8Printable(m_path), std::strerror(errno));

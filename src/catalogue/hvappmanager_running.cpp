@@ -50,8 +50,12 @@ HVAppRef HVAppManager::recordForRunningApplication(const RunningApplication& run
         app->setActions(m_actions);
         m_appsByPath.insert(path, app);
     }
-    if (!running.icon.isNull() && !app->hasIcon())
-        app->setIcon(running.icon);
+    if (!running.icon.isNull() && !app->hasIcon()) {
+        if (path.endsWith(QLatin1String(".desktop")))
+            app->setIcon(running.icon); // until the entry's own icon has loaded
+        else
+            app->setWindowIcon(running.icon);
+    }
     return app;
 }
 

@@ -3,8 +3,10 @@
 #include "desktopfixture.h"
 
 #include "catalogue/hvappmanager.h"
+#include "catalogue/iconloader.h"
 #include "catalogue/runningappssource.h"
 #include "common/hvuserdefaults.h"
+#include "platform/desktopiconsource.h"
 
 #include <QSignalSpy>
 
@@ -111,6 +113,16 @@ private slots:
         QVERIFY(eyes);
         QCOMPARE(eyes->name(), QString("XEyes"));
         QCOMPARE(eyes->icon().pixel(3, 3), QColor(Qt::red).rgb());
+        // Loading icons again (a new icon size) keeps the window's icon: the program file has none.
+        DesktopIconSource::Settings icons = DesktopIconSource::userSettings();
+        icons.cacheFolder.clear();
+        IconLoader::sharedIconLoader()->setIconSource(std::make_shared<DesktopIconSource>(icons));
+        m_defaults->setInteger(96, "maximumIconSize");
+        manager().loadIconsForApps(manager().runningApps());
+        QVERIFY(IconLoader::sharedIconLoader()->waitUntilIdle(10000));
+        IconLoader::sharedIconLoader()->setIconSource(nullptr);
+        QCOMPARE(eyes->icon().pixel(3, 3), QColor(Qt::red).rgb());
+        QCOMPARE(eyes->colorSortParameters().iconSize, quint64(96));
     }
 
     void listFollowsLaunchOrderOrTheSortOrder()
