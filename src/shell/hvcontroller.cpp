@@ -138,9 +138,11 @@ void HVController::applicationWillFinishLaunching()
 void HVController::applicationDidFinishLaunching()
 {
     m_finishedLaunching = true;
+    // The catalogue is read before the panel opens: the fade-in holds the main thread, and the
+    // panel would otherwise open empty and small, then jump to its size once the lists are in.
+    rescanAllApps(false);
     if (m_defaults->boolForKey(QStringLiteral("showWindowAtLaunch")))
         applicationOpenUntitledFile();
-    rescanAllApps(false);
     const qint64 count = m_defaults->integerForKey(LaunchCountKey);
     if (count == 0)
         m_appManager->autoExcludeDockApps(false, true);

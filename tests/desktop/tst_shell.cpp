@@ -20,6 +20,24 @@
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
 
+// Notes the size a widget has when it is first shown.
+class ShowWatch : public QObject
+{
+public:
+    ShowWatch(QWidget* widget, QSize* size) : m_size(size) { widget->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && !m_size->isValid())
+            *m_size = static_cast<QWidget*>(watched)->size();
+        return false;
+    }
+
+private:
+    QSize* m_size;
+};
+
 bool xdotool(const QStringList& args)
 {
     return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
@@ -52,9 +70,13 @@ private slots:
         controller = std::make_unique<HVController>(defaults.get());
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();
+        QSize shownAt;
+        ShowWatch watch(panel(), &shownAt);
         controller->applicationDidFinishLaunching();
-        // The panel opens at launch, centred on the screen.
+        // The panel opens at launch, centred on the screen, with the catalogue already in it:
+        // it does not open small and empty and then grow.
         QTRY_VERIFY(controller->mainWindowIsVisible());
+        QCOMPARE(shownAt, panel()->size());
         QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY(qAbs(panel()->geometry().center().x() - screen.center().x()) <= 1);
