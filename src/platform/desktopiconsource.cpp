@@ -59,6 +59,9 @@ DesktopIconSource::DesktopIconSource(Settings settings)
             lowerThisThreadOnce(WritingNiceness);
             if (const int removed = m_cache.removeLeftovers())
                 qCDebug(lcIconLoading, "%d half-written icon cache files removed", removed);
+            if (const int removed = m_cache.removeUnused())
+                qCDebug(lcIconLoading, "%d icon cache files unused for %d days removed", removed,
+                        IconDiskCache::UnusedDays);
         });
     }
 }

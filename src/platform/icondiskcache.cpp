@@ -11,6 +11,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <sys/stat.h>
 
 namespace {
@@ -151,7 +152,29 @@ std::optional<IconCacheEntry> IconDiskCache::read(const IconCacheKey& key, QStri
     for (int y = 0; y < height; ++y)
         std::memcpy(entry.image.scanLine(y), pixels.constData() + qsizetype(y) * width * 4,
                     size_t(width) * 4);
+    markUsed(file);
     return entry;
+}
+
+void IconDiskCache::markUsed(QFile& file)
+{
+    // The file's time says when it was last used, for removeUnused; a day's precision is enough,
+    // so a start does not rewrite a thousand inodes.
+    struct stat info;
+    if (::fstat(file.handle(), &info) == 0 && info.st_mtime < std::time(nullptr) - 24 * 60 * 60)
+        ::futimens(file.handle(), nullptr);
+}
+
+int IconDiskCache::removeUnused(int unusedDays) const
+{
+    const QDateTime before = QDateTime::currentDateTime().addDays(-unusedDays);
+    int removed = 0;
+    const QFileInfoList files = QDir(m_folder).entryInfoList({QStringLiteral("*.icon")}, QDir::Files);
+    for (const QFileInfo& file : files) {
+        if (file.lastModified() < before && QFile::remove(file.filePath()))
+            ++removed;
+    }
+    return removed;
 }
 
 int IconDiskCache::removeLeftovers(int minimumAgeSeconds) const

@@ -7,6 +7,7 @@
 
 #include "catalogue/iconsource.h"
 
+#include <QFile>
 #include <QImage>
 #include <QString>
 
@@ -61,7 +62,13 @@ public:
     // Removes the half-written files a killed process left beside the cache files (older than
     // `minimumAgeSeconds`, so that another process's writing is left alone); their number.
     int removeLeftovers(int minimumAgeSeconds = 60) const;
+    // Removes the cache files no start has used for `unusedDays` (icons of applications gone, or
+    // of sizes no longer shown); their number. A file read is marked used at most once a day.
+    int removeUnused(int unusedDays = UnusedDays) const;
+    static constexpr int UnusedDays = 60;
 
 private:
+    static void markUsed(QFile& file);
+
     QString m_folder;
 };

@@ -174,6 +174,33 @@ private slots:
         QVERIFY(QFile::exists(writing)); // perhaps another Nimbo's, still writing
     }
 
+    void filesUnusedForLongGoAndUsedOnesStay()
+    {
+        TestEnvironment env;
+        const QString firefox = entry(env, "firefox", "firefox");
+        start(env, firefox);
+        DesktopIconSource(settings(env)).waitForCacheWrites();
+        const QString folder = env.cacheHome() + "/Nimbo/icons/";
+        const QStringList files = QDir(folder).entryList({"*.icon"});
+        QCOMPARE(files.size(), 1);
+        auto age = [&folder](const QString& name, int days) {
+            QFile file(folder + name);
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-days),
+                                     QFileDevice::FileModificationTime));
+        };
+        // Used today after 59 idle days: marked used, so it outlives the next clean-up.
+        age(files[0], IconDiskCache::UnusedDays - 1);
+        QCOMPARE(start(env, firefox).counts.cacheHits, 1);
+        QVERIFY(QFileInfo(folder + files[0]).lastModified().daysTo(QDateTime::currentDateTime()) < 1);
+        // An icon nobody asked for in 61 days (an app removed long ago) goes at the next start.
+        env.writeFile("cache/Nimbo/icons/0ld.icon", "an icon of an app gone");
+        age("0ld.icon", IconDiskCache::UnusedDays + 1);
+        DesktopIconSource(settings(env)).waitForCacheWrites();
+        QVERIFY(!QFile::exists(folder + "0ld.icon"));
+        QVERIFY(QFile::exists(folder + files[0]));
+    }
+
     void damagedCacheFileIsRebuilt_data()
     {
         QTest::addColumn<QString>("damage");
