@@ -8,6 +8,7 @@
 #include "catalogue/hvappmanager.h"
 #include "common/hvuserdefaults.h"
 #include "platform/gioentryreader.h"
+#include "platform/x11connection.h"
 #include "platform/x11runningapps.h"
 
 #include <QCoreApplication>
@@ -40,8 +41,8 @@ public:
     WindowMaker() : m_connection(xcb_connect(nullptr, nullptr))
     {
         m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
-        m_pidAtom = intern("_NET_WM_PID");
-        m_clientListAtom = intern("_NET_CLIENT_LIST");
+        m_pidAtom = X11Connection::intern(m_connection, "_NET_WM_PID");
+        m_clientListAtom = X11Connection::intern(m_connection, "_NET_CLIENT_LIST");
         const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
         xcb_change_window_attributes(m_connection, m_screen->root, XCB_CW_EVENT_MASK, &mask);
         xcb_flush(m_connection);
@@ -90,15 +91,6 @@ public:
     }
 
 private:
-    xcb_atom_t intern(const char* name)
-    {
-        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-            m_connection, xcb_intern_atom(m_connection, 0, uint16_t(std::strlen(name)), name), nullptr);
-        const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-        std::free(reply);
-        return atom;
-    }
-
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen = nullptr;
     xcb_atom_t m_pidAtom = XCB_ATOM_NONE;

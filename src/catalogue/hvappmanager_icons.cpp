@@ -35,15 +35,10 @@ void HVAppManager::loadIconsForApps(const HVAppBunch& apps)
 
 void HVAppManager::loadIconsForApps(const HVAppBunches& bunches)
 {
-    if (bunches.isEmpty())
-        return;
-    const IconParameters params = iconParametersFromPreferences();
-    const IconLoader::Batch batch(IconLoader::sharedIconLoader());
-    const HVAppBunches records = bunches;
-    for (const HVAppBunch& bunch : records) {
-        for (const HVAppRef& app : bunch)
-            app->setIconParameters(params);
-    }
+    HVAppBunch apps;
+    for (const HVAppBunch& bunch : bunches)
+        apps += bunch;
+    loadIconsForApps(apps);
 }
 
 void HVAppManager::loadAllIconsPrioritizingGroup(int group)

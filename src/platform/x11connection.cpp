@@ -64,9 +64,9 @@ bool X11Connection::initialise()
         return false;
     }
     m_ewmhReady = true;
-    m_gtkApplicationId = intern("_GTK_APPLICATION_ID");
-    m_kdeDesktopFile = intern("_KDE_NET_WM_DESKTOP_FILE");
-    m_wmChangeState = intern("WM_CHANGE_STATE");
+    m_gtkApplicationId = intern(m_connection, "_GTK_APPLICATION_ID");
+    m_kdeDesktopFile = intern(m_connection, "_KDE_NET_WM_DESKTOP_FILE");
+    m_wmChangeState = intern(m_connection, "WM_CHANGE_STATE");
     if (m_own) {
         m_notifier = new QSocketNotifier(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read, this);
         connect(m_notifier, &QSocketNotifier::activated, this, &X11Connection::readEvents);
@@ -76,10 +76,10 @@ bool X11Connection::initialise()
     return true;
 }
 
-xcb_atom_t X11Connection::intern(const char* name)
+xcb_atom_t X11Connection::intern(xcb_connection_t* connection, const char* name)
 {
     xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-        m_connection, xcb_intern_atom(m_connection, 0, uint16_t(strlen(name)), name), nullptr);
+        connection, xcb_intern_atom(connection, 0, uint16_t(strlen(name)), name), nullptr);
     const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
     free(reply);
     return atom;

@@ -34,6 +34,9 @@ public:
     xcb_atom_t wmChangeState() const { return m_wmChangeState; }
     xcb_atom_t wmClientMachine() const { return XCB_ATOM_WM_CLIENT_MACHINE; }
 
+    // The atom of the name on any connection, interned if new; XCB_ATOM_NONE when it fails.
+    static xcb_atom_t intern(xcb_connection_t* connection, const char* name);
+
     // Adds PropertyNotify of the root window to what this client already selects there.
     void watchRootProperties();
     // Every event read from the connection goes here (on the main thread).
@@ -46,7 +49,6 @@ public:
 private:
     X11Connection(xcb_connection_t* connection, int screen, bool own);
     bool initialise();
-    xcb_atom_t intern(const char* name);
     void readEvents();
 
     xcb_connection_t* m_connection;

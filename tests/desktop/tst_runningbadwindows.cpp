@@ -4,6 +4,7 @@
 // The running list only gets shorter; nothing crashes or hangs.
 #include "desktopfixture.h"
 
+#include "platform/x11connection.h"
 #include "platform/x11runningapps.h"
 
 #include <QSignalSpy>
@@ -24,14 +25,7 @@ public:
     }
     ~RawWindows() { xcb_disconnect(m_connection); }
 
-    xcb_atom_t atom(const char* name)
-    {
-        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-            m_connection, xcb_intern_atom(m_connection, 0, uint16_t(std::strlen(name)), name), nullptr);
-        const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-        std::free(reply);
-        return atom;
-    }
+    xcb_atom_t atom(const char* name) { return X11Connection::intern(m_connection, name); }
 
     // An unmapped window with the class given (its instance is the class in lower case) and no pid.
     xcb_window_t create(const QByteArray& wmClass)
