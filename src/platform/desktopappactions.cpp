@@ -7,10 +7,13 @@
 #include "filemanagerreveal.h"
 #include "procfs.h"
 
+#include "catalogue/hvdesktopidclaims.h"
 #include "common/hvnotificationcenter.h"
 #include "common/notificationnames.h"
+#include "common/xdgpaths.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
@@ -21,16 +24,20 @@
 namespace {
 const char AppstreamHandler[] = "x-scheme-handler/appstream";
 
+// The entry's desktop ID: its path below the first application folder that holds it, with "/"
+// turned into "-"; outside them its file name. Worked out from the folders themselves rather
+// than asked of GIO, whose picture of the folders lags behind sub-folders made a moment ago.
 QString desktopIdOf(const QString& entryPath)
 {
-    QString id;
-    if (GDesktopAppInfo* info =
-            g_desktop_app_info_new_from_filename(QFile::encodeName(entryPath).constData())) {
-        if (const char* gioId = g_app_info_get_id(G_APP_INFO(info)))
-            id = QString::fromUtf8(gioId);
-        g_object_unref(info);
+    const QString path = QDir::cleanPath(QFileInfo(entryPath).absoluteFilePath());
+    QStringList folders{XdgPaths::dataHome()};
+    folders += XdgPaths::dataDirs();
+    for (const QString& dataFolder : std::as_const(folders)) {
+        const QString applications = QDir::cleanPath(dataFolder + QStringLiteral("/applications"));
+        if (path.startsWith(applications + QLatin1Char('/')))
+            return HVDesktopIdClaims::desktopId(applications, path);
     }
-    return id.isEmpty() ? QFileInfo(entryPath).fileName() : id;
+    return QFileInfo(path).fileName();
 }
 
 bool handlesAppstream(GDesktopAppInfo* remover)
