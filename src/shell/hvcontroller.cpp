@@ -1,6 +1,7 @@
 #include "hvcontroller.h"
 
 #include "firstpaintprobe.h"
+#include "hvstatusmenu.h"
 #include "hvwindow.h"
 #include "modifiermonitor.h"
 
@@ -49,6 +50,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     m_hotKey = new GlobalHotKey(this);
     m_modifierMonitor = new ModifierMonitor(this);
     m_bus = new NimboBusService(this);
+    m_statusMenu = new HVStatusMenu(this);
     connect(m_hotKey, &GlobalHotKey::pressed, this, &HVController::showHideMainWindow);
     connect(m_mainWindow, &HVWindow::closeRequested, this, &HVController::explicitHideMainWindow);
     connect(m_bus, &NimboBusService::toggleRequested, this, &HVController::showHideMainWindow);
@@ -72,6 +74,7 @@ HVController::~HVController()
         HVKeyPathObserving::unregisterHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
         HVNotificationCenter::defaultCenter()->removeObserver(this);
     }
+    delete m_statusMenu;
     delete m_mainWindow;
     m_appManager->setRunningAppsSource(nullptr); // the session's tracker goes first
 }

@@ -17,6 +17,7 @@ class DesktopSession;
 class GlobalHotKey;
 class HVAppManager;
 class HVIconView;
+class HVStatusMenu;
 class HVUserDefaults;
 class HVWindow;
 class ModifierMonitor;
@@ -43,6 +44,8 @@ public:
     HVAppManager* appManager() const { return m_appManager; }
     HVWindow* mainWindow() const { return m_mainWindow; }
     HVIconView* iconView() const { return m_iconView; }
+    // The menu of the tray item and the gear button.
+    HVStatusMenu* statusItemMenu() const { return m_statusMenu; }
     HVUserDefaults* userDefaults() const { return m_defaults; }
     bool isFinishedLaunching() const { return m_finishedLaunching; }
     bool isAppRunningDockless() const { return m_runningDockless; }
@@ -105,6 +108,7 @@ private:
     GlobalHotKey* m_hotKey;
     ModifierMonitor* m_modifierMonitor;
     NimboBusService* m_bus;
+    HVStatusMenu* m_statusMenu;
     QTimer* m_windowCloseTimer = nullptr;
     QDateTime m_didBecomeActiveDate;
     QElapsedTimer m_panelShownAt;

@@ -1,0 +1,32 @@
+#include "hvstatusmenu.h"
+
+#include "hvcontroller.h"
+
+HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
+    : QMenu(parent), m_controller(controller)
+{
+    setObjectName(QStringLiteral("StatusItemMenu"));
+    setTitle(QStringLiteral("StatusItemMenu"));
+    setSeparatorsCollapsible(true);
+
+    m_showHide = addAction(tr("Show Nimbo"), controller, &HVController::showHideMainWindow);
+    addSeparator();
+    // About.
+    addSeparator();
+    // Updates.
+    addSeparator();
+    // Preferences.
+    addAction(tr("Rescan Applications"), controller, [controller] { controller->rescanAllApps(true); });
+    // Automatic exclusion.
+    addSeparator();
+    // Welcome, user guide, home page, feedback.
+    addSeparator();
+    addAction(tr("Quit Nimbo"), controller, &HVController::quitApp);
+
+    connect(this, &QMenu::aboutToShow, this, &HVStatusMenu::validateMenuItems);
+}
+
+void HVStatusMenu::validateMenuItems()
+{
+    m_showHide->setText(m_controller->mainWindowIsVisible() ? tr("Hide Nimbo") : tr("Show Nimbo"));
+}
