@@ -35,7 +35,6 @@ private slots:
             m.writeAppArray(h.apps({"/b/C.desktop", "/a/Ä b.desktop"}), HVListFileNames::UserApplications1D));
         QVERIFY(m.writeAppArray(h.apps({"/x/X.desktop"}), HVListFileNames::ExcludedApplications));
 
-        CatalogueHarness::names(HVAppBunch()); // the harness's own folders stay in place
         m.readAllAppsFromDisk();
         m.readUserAppsFromDisk();
         m.readExcludedApps1DFromDisk();

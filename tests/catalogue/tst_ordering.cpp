@@ -96,16 +96,6 @@ private slots:
         QCOMPARE(spy.count(), changes);
     }
 
-    void runningListKeepsLaunchOrderWhileAskedTo()
-    {
-        CatalogueHarness h;
-        HVAppBunch running = h.apps({"/b.desktop", "/a.desktop"});
-        h.defaults().setBool(true, "sortRunningByLaunchOrder");
-        QVERIFY(h.manager().isSortedList(running));
-        QVERIFY(!h.manager().isSortedList(h.manager().runningApps()) || h.manager().runningApps().isEmpty());
-        QVERIFY(!h.manager().isSortedList(h.manager().userApps1D()));
-    }
-
     void colourChangesResortOnceASecondAfterTheLastIcon()
     {
         CatalogueHarness h;

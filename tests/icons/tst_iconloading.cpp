@@ -152,7 +152,12 @@ private slots:
         // A change of minimum luminosity analyses again and finds the same colours.
         const std::vector<SpectrumColor> colours = *apps[1]->colourState().hclColors();
         h.defaults().setDouble(0.03, "colorSortMinLuminosity");
+        QVERIFY(waitForIcons());
         QCOMPARE(source->started().size(), 0);
+        for (const HVAppRef& app : apps) {
+            QCOMPARE(changes.countFor(app), 4);
+            QCOMPARE(app->colorSortParameters().lightness, 0.03f);
+        }
         QCOMPARE(apps[1]->colourState().hclColors()->size(), colours.size());
         QCOMPARE(apps[1]->colourState().hclColors()->front().count, colours.front().count);
 
