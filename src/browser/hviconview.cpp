@@ -60,6 +60,7 @@ HVIconView::HVIconView(HVAppManager* manager, HVUserDefaults* defaults, QWidget*
     center->addButFirstRemoveObserver(this, "modifierKeysChanged", HVNotificationNames::EventFlagsChanged);
 
     m_look = HVIconViewAppearance::fromUserDefaults(*m_defaults);
+    m_filter.setMatchesKeywords(m_defaults->boolForKey(QStringLiteral("matchKeywords")));
     refreshMembershipSets();
     updateLayout();
 }
@@ -85,6 +86,7 @@ void HVIconView::initialize(HVUserDefaults* defaults)
         {"iconHighlightColor", QColor(Qt::red)},
         {"reverseScrollWheel", false},
         {"minimizeEmptyCells", false},
+        {"matchKeywords", true},
     });
 }
 
@@ -102,6 +104,10 @@ void HVIconView::preferenceChanged(const QString& key, const QVariant&, const QV
         // The reading order may have been right already, with no change to re-lay out on.
         if (HVIconLayoutPreferences::fromUserDefaults(*m_defaults).clamped() != m_layout.preferences())
             updateLayout();
+    } else if (key == QLatin1String("matchKeywords")) {
+        m_filter.setMatchesKeywords(newValue.toBool());
+        m_filteredCells.invalidate();
+        repaintFilteredCells();
     } else if (LayoutKeys.contains(key)) {
         updateLayout();
     } else if (key == QLatin1String("maximumIconSize")) {

@@ -46,5 +46,7 @@ bool HVTypeFilter::filtersOut(const HVApp& app) const
         return false;
     if (m_text.size() == 1)
         return !app.containsLetter(m_text.at(0).toLatin1());
-    return !app.name().contains(m_text, Qt::CaseInsensitive);
+    if (app.name().contains(m_text, Qt::CaseInsensitive))
+        return false;
+    return !m_matchesKeywords || !app.searchText().contains(m_text);
 }

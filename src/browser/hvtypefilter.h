@@ -1,6 +1,7 @@
 // The type-to-filter text: what the user typed in the icon view, always in lower case. One
 // character keeps the apps that have that letter among their filter letters (initials and
-// digits); more characters keep the apps whose name contains the text, ignoring case.
+// digits); more characters keep the apps whose name contains the text, ignoring case, and, while
+// keyword matching is on, those whose other search words (keywords, generic name, program) do.
 #pragma once
 
 #include <QString>
@@ -27,6 +28,10 @@ public:
 
     bool filtersOut(const HVApp& app) const;
 
+    bool matchesKeywords() const { return m_matchesKeywords; }
+    void setMatchesKeywords(bool matches) { m_matchesKeywords = matches; }
+
 private:
     QString m_text;
+    bool m_matchesKeywords = true;
 };

@@ -1,5 +1,6 @@
 #include "hvapp.h"
 
+#include "desktopentryreader.h"
 #include "listfilestore.h"
 
 #include <QDataStream>
@@ -63,6 +64,12 @@ QString HVApp::name() const
     const QString fileName = m_path.section(QLatin1Char('/'), -1);
     const int dot = fileName.lastIndexOf(QLatin1Char('.'));
     return dot > 0 ? fileName.left(dot) : fileName;
+}
+
+void HVApp::setEntryText(const DesktopEntryText& text)
+{
+    m_displayName = text.name;
+    m_searchText = text.searchText;
 }
 
 void HVApp::setPath(const QString& path)

@@ -36,6 +36,11 @@ public:
     // The entry's localised Name, or the file name without its extension when it has none.
     QString name() const;
     void setDisplayName(const QString& displayName) { m_displayName = displayName; }
+    // Other words the application is found by when typing: its entry's keywords, generic name
+    // and program name, in lower case, one per line.
+    const QString& searchText() const { return m_searchText; }
+    void setSearchText(const QString& text) { m_searchText = text; }
+    void setEntryText(const struct DesktopEntryText& text);
 
     QString path() const { return m_path; }
     void setPath(const QString& path);
@@ -118,6 +123,7 @@ private:
 
     QString m_path;
     QString m_displayName;
+    QString m_searchText;
     bool m_pathIsValid = false;
     QImage m_icon;
     bool m_iconFromWindow = false;

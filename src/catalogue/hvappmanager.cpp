@@ -93,7 +93,7 @@ HVAppRef HVAppManager::appForPath(const QString& path)
     if (!app) {
         app = std::make_shared<HVApp>(standardized);
         if (m_reader)
-            app->setDisplayName(m_reader->localisedName(standardized));
+            app->setEntryText(m_reader->entryText(standardized));
         app->setActions(m_actions);
         m_appsByPath.insert(standardized, app);
     }

@@ -46,7 +46,7 @@ HVAppRef HVAppManager::recordForRunningApplication(const RunningApplication& run
         if (!running.name.isEmpty())
             app->setDisplayName(running.name);
         else if (m_reader)
-            app->setDisplayName(m_reader->localisedName(path));
+            app->setEntryText(m_reader->entryText(path));
         app->setActions(m_actions);
         m_appsByPath.insert(path, app);
     }

@@ -2,6 +2,7 @@
 
 #include "hvbkgndview.h"
 #include "hvgeometry.h"
+#include "hvpanelscreen.h"
 
 #include "browser/hviconview.h"
 #include "common/hvnotificationcenter.h"
@@ -72,7 +73,8 @@ QVariantMap HVWindow::registeredDefaults()
             {QStringLiteral("windowColor"), QColor::fromRgbF(0, 0, 0, 1)},
             {QStringLiteral("windowBorderColor"), QColor::fromRgbF(1, 1, 1, 1)},
             {QStringLiteral("drawWindowBorder"), false},
-            {QStringLiteral("animateWindowResizing"), false}};
+            {QStringLiteral("animateWindowResizing"), false},
+            {QStringLiteral("openOnPointerScreen"), true}};
 }
 
 void HVWindow::observeDefaults()
@@ -220,8 +222,11 @@ void HVWindow::showPanel()
     if (group == -1)
         group = 1;
     m_iconView->setGroupToShow(group);
-    if (!isVisible() || windowOpacity() < 0.01)
+    if (!isVisible() || windowOpacity() < 0.01) {
+        if (HVPanelScreen::moveOnto(this, HVPanelScreen::screenToOpenOn(*m_defaults)))
+            m_iconView->resizeViewForced(false); // the new screen bounds the grid
         centerExactly();
+    }
     if (!isVisible()) {
         setWindowOpacity(0.0);
         show();

@@ -32,6 +32,27 @@ private slots:
         QVERIFY(f.view->isAppKeyFilteredOut(*f.app("Terminal")));
     }
 
+    void longerTextAlsoMatchesSearchWordsUnlessTurnedOff()
+    {
+        IconViewFixture f(apps());
+        f.app("Terminal")->setSearchText("shell\ncommand line\nxterm");
+        f.app("Safe Box")->setSearchText("vault");
+        f.showGroup(1);
+        f.type("x"); // one letter stays with the initials
+        QCOMPARE(f.filtered(), QStringList());
+        f.view->resetFilterSubstring();
+        f.type("she");
+        QCOMPARE(f.filtered(), QStringList{"Terminal"});
+        f.type("l");
+        QCOMPARE(f.filtered(), QStringList{"Terminal"});
+        f.defaults->setBool(false, "matchKeywords");
+        QCOMPARE(f.filtered(), QStringList());
+        f.defaults->setBool(true, "matchKeywords");
+        f.view->resetFilterSubstring();
+        f.type("sa"); // names first: both Safari and Sane Scanner, and Safe Box by its name
+        QCOMPARE(f.filtered(), QStringList({"Safari", "Sane Scanner", "Safe Box"}));
+    }
+
     void aPauseOfASecondStartsANewWord()
     {
         IconViewFixture f(apps());

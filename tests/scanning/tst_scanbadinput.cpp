@@ -124,6 +124,18 @@ private slots:
         // A name that is not valid UTF-8 falls back to the file name.
         const HVAppRef badName = manager.appForPath(apps + "/badname.desktop");
         QCOMPARE(badName->name(), QString("badname"));
+
+        // Search words: keywords, generic name and the program past an env prefix, in lower
+        // case; keywords that are not UTF-8 and an Exec line the shell cannot parse give nothing.
+        const QByteArray head = "[Desktop Entry]\nType=Application\nName=W\n";
+        EntryTree::write(apps + "/words.desktop", head +
+                                                      "Keywords=Web;Browser;\nGenericName=Web Browser\n"
+                                                      "Exec=env MOZ_X=1 A=b /usr/lib/firefox/firefox %u\n");
+        EntryTree::write(apps + "/quote.desktop",
+                         head + "Keywords=\xff;x;\nGenericName=Ok\nExec='unbalanced /bin/x\n");
+        QCOMPARE(manager.appForPath(apps + "/words.desktop")->searchText(),
+                 QString("web\nbrowser\nweb browser\nfirefox"));
+        QCOMPARE(manager.appForPath(apps + "/quote.desktop")->searchText(), QString("ok"));
     }
 
     void largeFolderIsReadInFull()
