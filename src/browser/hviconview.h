@@ -4,7 +4,8 @@
 //
 // Implemented in several files: set-up and observers (hviconview.cpp), layout
 // (hviconview_layout.cpp), painting (hviconview_drawing.cpp, hviconview_cells.cpp), pointer
-// (hviconview_mouse.cpp), keys and the filter (hviconview_keys.cpp), wheel
+// (hviconview_mouse.cpp), keys and the filter (hviconview_keys.cpp), the keyboard selection
+// (hviconview_navigation.cpp), wheel
 // (hviconview_scroll.cpp) and modifier keys (hviconview_modifiers.cpp).
 #pragma once
 
@@ -113,6 +114,8 @@ public:
     void filterSubstringTimerFired();
     bool isFilterSubstringTimerRunning() const;
     void sendFilterSubstringNotification();
+    // The app the arrow keys selected, while the pointer has not moved the selection away.
+    HVAppRef keyboardSelectedApp() const;
 
     // Modifier keys.
     Q_INVOKABLE void modifierKeysChanged(const HVNotification& notification);
@@ -136,6 +139,12 @@ protected:
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    // Keyboard selection (hviconview_navigation.cpp).
+    bool handleNavigationKey(QKeyEvent* event);
+    void selectAppWithKeyboard(const HVAppRef& app);
+    HVAppRef appInNextRow(const HVAppRef& from, int step) const;
+    HVAppRef firstAppOfNeighbourBunch(const HVAppRef& from, int step) const;
+    void keepKeyboardSelectionInFilter();
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
@@ -211,6 +220,7 @@ private:
     QSet<const HVApp*> m_droppableApps; // of m_drag, which holds them
 
     Coords m_selectedCoords;
+    HVAppRef m_keyboardApp;
     Coords m_oldSelectedCoords;
     Coords m_startCoords;
     QPointF m_mouseDownPoint;

@@ -1,6 +1,6 @@
 // Keys in the icon view: typing filters the icons (a pause of a second starts a new word),
-// Return or Enter launches the single match, Escape clears the filter, and the Command (Ctrl)
-// chords change the grid or show colour spectrums.
+// Return or Enter launches the app the arrows selected, else the single match, Escape clears the
+// filter, and the Command (Ctrl) chords change the grid or show colour spectrums.
 #include "hviconview.h"
 
 #include "hvkeycharacters.h"
@@ -22,7 +22,7 @@ bool HVIconView::handleKeyDown(QKeyEvent* event)
 {
     if (!event)
         return false;
-    if (performKeyEquivalent(event))
+    if (performKeyEquivalent(event) || handleNavigationKey(event))
         return true;
     if (event->modifiers().testFlag(Qt::ControlModifier))
         return false; // Command chords are shortcuts, not typing
@@ -34,6 +34,10 @@ bool HVIconView::handleKeyDown(QKeyEvent* event)
         return false; // a held key types once; a held Delete keeps deleting
 
     const bool isReturn = character == QChar(Return) || character == QChar(Enter);
+    if (isReturn && keyboardSelectedApp()) {
+        launchApp(keyboardSelectedApp(), std::nullopt);
+        return true;
+    }
     const HVAppBunch remaining = isReturn ? keyFilteredApps1D() : HVAppBunch();
     bool changed = false;
     if (!isFilterSubstringTimerRunning())
@@ -123,8 +127,10 @@ bool HVIconView::handleCancelOperation()
 
 void HVIconView::changeFilter(bool changed)
 {
-    if (changed)
+    if (changed) {
         repaintFilteredCells();
+        keepKeyboardSelectionInFilter();
+    }
     sendFilterSubstringNotification();
 }
 
