@@ -1,6 +1,7 @@
 // Set-up of the icon view: its preference defaults, and what it observes in the preferences, the
 // catalogue and the notification centre.
 #include "hviconview.h"
+#include "hviconviewaccessible.h"
 
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
@@ -44,9 +45,15 @@ HVIconView::HVIconView(HVAppManager* manager, HVUserDefaults* defaults, QWidget*
       m_filterSubstringTimer(new QTimer(this))
 {
     qRegisterMetaType<HVAppRef>();
+    static const bool accessible = [] {
+        QAccessible::installFactory(&HVIconViewAccessible::factory);
+        return true;
+    }();
+    Q_UNUSED(accessible);
     initialize(m_defaults);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Applications"));
     setAutoFillBackground(false);
     m_filterSubstringTimer->setSingleShot(true);
     connect(m_filterSubstringTimer, &QTimer::timeout, this, &HVIconView::filterSubstringTimerFired);

@@ -1,6 +1,7 @@
 // The pointer over the icon view: the selection follows it, a click acts on release on the app
 // it was pressed on, Shift- and Command-clicks reach the icon actions directly.
 #include "hviconview.h"
+#include "hviconviewaccessible.h"
 
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
@@ -42,6 +43,7 @@ void HVIconView::selectCoords(const Coords& coords)
                     {QStringLiteral("rect"), rectOfCoords(coords)}};
         HVNotificationCenter::defaultCenter()->postNotificationName(
             HVNotificationNames::SelectedAppChanged, QVariant::fromValue<QObject*>(this), info);
+        HVIconViewAccessible::selectionMoved(this, appAtCoords(coords));
     }
     if (was.bunch != coords.bunch) {
         mark(stripRect(m_layout.bunchRects(), was.bunch));
