@@ -1,5 +1,6 @@
 // nimbo: the launcher. A second `nimbo` hands "reopen" to the running one and exits.
 #include "shell/hvcontroller.h"
+#include "shell/hvtranslations.h"
 
 #include "platform/nimbobus.h"
 
@@ -12,6 +13,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("Nimbo"));
     QApplication::setDesktopFileName(QStringLiteral("com.halvorndesign.Nimbo"));
     QApplication::setQuitOnLastWindowClosed(false);
+    HVTranslations::install(app, QLocale());
 
     QString error;
     if (NimboBus::call(QStringLiteral("Reopen"), &error))

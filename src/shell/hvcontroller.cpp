@@ -243,9 +243,9 @@ void HVController::quitApp()
     if (m_runningDockless && !hasStatusItem()) {
         activate();
         QMessageBox box(QMessageBox::Question, QStringLiteral("Nimbo"),
-                        QStringLiteral("Are you sure you want to quit Nimbo?"));
-        QPushButton* quit = box.addButton(QStringLiteral("Quit"), QMessageBox::AcceptRole);
-        box.addButton(QStringLiteral("Don't Quit"), QMessageBox::RejectRole);
+                        tr("Are you sure you want to quit Nimbo?"));
+        QPushButton* quit = box.addButton(tr("Quit"), QMessageBox::AcceptRole);
+        box.addButton(tr("Don't Quit"), QMessageBox::RejectRole);
         box.exec();
         if (box.clickedButton() != quit)
             return;
@@ -265,7 +265,7 @@ void HVController::showAlert(const QString& message, const QString& informativeT
     auto* box =
         new QMessageBox(QMessageBox::Warning, QStringLiteral("Nimbo"), message, QMessageBox::NoButton);
     box->setInformativeText(informativeText);
-    box->addButton(QStringLiteral("Ok"), QMessageBox::AcceptRole);
+    box->addButton(tr("Ok"), QMessageBox::AcceptRole);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }

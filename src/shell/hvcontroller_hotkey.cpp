@@ -51,11 +51,9 @@ void HVController::alertIfNoAccess()
 {
     if (hasMouseAccess() || hasKeyboardAccess())
         return;
-    showAlert(
-        QStringLiteral("You have no access to Nimbo from the tray, the taskbar, a cursor hot spot or a hot "
-                       "key."),
-        QStringLiteral("You will only be able to re-open the window by double-clicking the application icon "
-                       "in the file manager."));
+    showAlert(tr("You have no access to Nimbo from the tray, the taskbar, a cursor hot spot or a hot key."),
+              tr("You will only be able to re-open the window by double-clicking the application icon in the "
+                 "file manager."));
 }
 
 void HVController::alertIfNoMouseAccess()
@@ -67,8 +65,6 @@ void HVController::alertIfNoMouseAccess()
         return;
     }
     showAlert(
-        QStringLiteral("You only have access to Nimbo using the following hot key:\n\n%1")
-            .arg(hotKeyString()),
-        QStringLiteral("You can also re-open the window by double-clicking the application icon in the file "
-                       "manager."));
+        tr("You only have access to Nimbo using the following hot key:\n\n%1").arg(hotKeyString()),
+        tr("You can also re-open the window by double-clicking the application icon in the file manager."));
 }

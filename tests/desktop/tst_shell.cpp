@@ -7,6 +7,8 @@
 #include "catalogue/hvappmanager.h"
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
+#include "shell/hvstatusmenu.h"
+#include "shell/hvtranslations.h"
 #include "shell/hvwindow.h"
 
 #include <QApplication>
@@ -210,22 +212,32 @@ private slots:
         controller->quitApp(); // a taskbar entry remains: no question
         QCOMPARE(quit.count(), 1);
 
+        // The question, and the menu, in the user's language.
         defaults->setBool(false, "showIconInDock");
         QVERIFY(controller->isAppRunningDockless());
-        bool asked = false;
-        QTimer::singleShot(300, this, [&asked] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            asked = box->text() == QLatin1String("Are you sure you want to quit Nimbo?");
-            for (QAbstractButton* button : box->buttons()) {
-                if (button->text() == QLatin1String("Don't Quit"))
-                    button->click();
-            }
-        });
-        controller->quitApp();
-        QVERIFY(asked);
-        QCOMPARE(quit.count(), 1);
+        const QStringList languages[] = {
+            {"en", "Are you sure you want to quit Nimbo?", "Don't Quit", "Quit Nimbo"},
+            {"de", "Möchten Sie Nimbo wirklich beenden?", "Nicht beenden", "Nimbo beenden"}};
+        for (const QStringList& language : languages) {
+            HVTranslations::install(*qApp, QLocale(language[0]));
+            HVStatusMenu menu(controller.get());
+            QCOMPARE(menu.actions().last()->text(), language[3]);
+            bool asked = false;
+            QTimer::singleShot(300, this, [&asked, &language] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                if (!box)
+                    return;
+                asked = box->text() == language[1];
+                for (QAbstractButton* button : box->buttons()) {
+                    if (button->text() == language[2])
+                        button->click();
+                }
+            });
+            controller->quitApp();
+            QVERIFY(asked);
+            QCOMPARE(quit.count(), 1);
+        }
+        HVTranslations::install(*qApp, QLocale("en"));
         defaults->setBool(true, "showIconInDock");
     }
 
