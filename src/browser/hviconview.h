@@ -96,9 +96,25 @@ public:
     // Launches on a thread of its own, with dropped items or none (nullopt), and hides the panel.
     void launchApp(const HVAppRef& app, const std::optional<QList<QUrl>>& items);
     void showAppInFinder(const HVAppRef& app);
-    void includeSelectedApp(const HVAppRef& app);
-    void excludeSelectedApp(const HVAppRef& app);
+    // Include and exclude play the poof for `event` when the icon leaves the group shown.
+    void includeSelectedApp(const HVAppRef& app, const QEvent* event = nullptr);
+    void excludeSelectedApp(const HVAppRef& app, const QEvent* event = nullptr);
     void removeSelectedAppFromUser(const HVAppRef& app);
+
+    // The icon actions (hviconview_actions.cpp), on the app under the pointer.
+    void addSelectedAppToUser(const HVAppRef& app);
+    void addSelectedAppToUserNewGroup(const HVAppRef& app);
+    void showSelectedApp(const HVAppRef& app);
+    void hideSelectedApp(const HVAppRef& app);
+    void quitSelectedApp(const HVAppRef& app);
+    void sendAppForDeletion(const HVAppRef& app);
+    void launchEntryAction(const HVAppRef& app, const QString& action);
+    // At a left click's release point, else at the selected cell; nothing without an event.
+    void showPoofForEvent(const QEvent* event);
+    // Pops the contextual menu for the selected cell up at the global point.
+    void contextualMenuForEvent(const QPoint& globalPosition);
+    HVAppManager* manager() const { return m_manager; }
+    HVUserDefaults* defaults() const { return m_defaults; }
 
     // Keys and type-to-filter.
     bool handleKeyDown(QKeyEvent* event);
@@ -128,8 +144,8 @@ public:
 signals:
     void groupShownChanged(int group);
     void appLaunchRequested(HVAppRef app);
-    // A right click on an app: the contextual menu belongs there.
-    void contextMenuRequested(HVAppRef app, QPoint globalPosition);
+    // A message for the user (the remover could not be found or did not start).
+    void alertRequested(const QString& message, const QString& informativeText);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

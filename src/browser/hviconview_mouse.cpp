@@ -138,20 +138,18 @@ void HVIconView::mouseUp(QMouseEvent* event)
     } else if (m_groupShown == HVAppGroupRunning) {
         repaintCell(pressed);
     } else if (isAppExcluded(app.get())) {
-        includeSelectedApp(app);
+        includeSelectedApp(app, event);
     } else {
-        excludeSelectedApp(app);
+        excludeSelectedApp(app, event);
     }
 }
 
 void HVIconView::rightMouseDown(QMouseEvent* event)
 {
     selectCoords(coordsOfPoint(event->position()));
-    if (const HVAppRef app = appAtCoords(m_selectedCoords)) {
-        repaintCell(m_selectedCoords);
-        emit contextMenuRequested(app, event->globalPosition().toPoint());
-    }
-    event->ignore();
+    repaintCell(m_selectedCoords);
+    event->accept();
+    contextualMenuForEvent(event->globalPosition().toPoint());
 }
 
 void HVIconView::launchApp(const HVAppRef& app, const std::optional<QList<QUrl>>& items)
@@ -183,18 +181,22 @@ void HVIconView::showAppInFinder(const HVAppRef& app)
         app->revealInFinder();
 }
 
-void HVIconView::includeSelectedApp(const HVAppRef& app)
+void HVIconView::includeSelectedApp(const HVAppRef& app, const QEvent* event)
 {
     if (!app || !m_manager || !isAppExcluded(app.get()))
         return;
+    if (m_groupShown == HVAppGroupExcluded || m_groupShown == HVAppGroupExcluded1D)
+        showPoofForEvent(event);
     m_manager->includeApp(app);
     setNeedsDisplayForApp(app);
 }
 
-void HVIconView::excludeSelectedApp(const HVAppRef& app)
+void HVIconView::excludeSelectedApp(const HVAppRef& app, const QEvent* event)
 {
     if (!app || !m_manager || isAppExcluded(app.get()))
         return;
+    if (m_groupShown != HVAppGroupExcluded && m_groupShown != HVAppGroupExcluded1D)
+        showPoofForEvent(event);
     m_manager->excludeApp(app);
     setNeedsDisplayForApp(app);
 }

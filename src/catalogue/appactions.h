@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QList>
+#include <QPair>
 #include <QString>
 #include <QUrl>
 
@@ -27,4 +28,23 @@ public:
     virtual bool sendForDeletion(const HVApp& app, const QString& removerIdentifier) = 0;
     virtual bool canAcceptURL(const HVApp& app, const QUrl& item) const = 0;
     virtual bool prefersURL(const HVApp& app, const QUrl& item) const = 0;
+
+    // Whether an application of that desktop ID ("org.gnome.Software.desktop") is installed.
+    virtual bool isApplicationInstalled(const QString& desktopId) const
+    {
+        Q_UNUSED(desktopId);
+        return false;
+    }
+    // The entry's extra actions ("New Window"...): identifier and localised name, in its order.
+    virtual QList<QPair<QString, QString>> entryActions(const HVApp& app) const
+    {
+        Q_UNUSED(app);
+        return {};
+    }
+    virtual bool launchEntryAction(const HVApp& app, const QString& action)
+    {
+        Q_UNUSED(app);
+        Q_UNUSED(action);
+        return false;
+    }
 };

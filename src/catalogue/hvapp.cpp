@@ -245,3 +245,18 @@ std::shared_ptr<HVApp> HVApp::initWithCoder(QDataStream& stream)
     app->m_icon = QImage();
     return app;
 }
+
+QList<QPair<QString, QString>> HVApp::entryActions() const
+{
+    return m_actions ? m_actions->entryActions(*this) : QList<QPair<QString, QString>>();
+}
+
+bool HVApp::launchEntryAction(const QString& action)
+{
+    return m_actions && m_actions->launchEntryAction(*this, action);
+}
+
+bool HVApp::isApplicationInstalled(const QString& desktopId) const
+{
+    return m_actions && m_actions->isApplicationInstalled(desktopId);
+}

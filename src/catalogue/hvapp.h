@@ -113,6 +113,9 @@ public:
     bool sendForDeletionWithAppBundleIdentifier(const QString& bundleIdentifier);
     bool canAcceptURL(const QUrl& item) const;
     bool prefersURL(const QUrl& item) const;
+    QList<QPair<QString, QString>> entryActions() const;
+    bool launchEntryAction(const QString& action);
+    bool isApplicationInstalled(const QString& desktopId) const;
 
     // Archiving: a dictionary {"ivDict": {"path": path}}; an unarchived record has only its path.
     void encodeWithCoder(QDataStream& stream) const;

@@ -189,6 +189,8 @@ public:
 
 private:
     HVAppRef recordForRunningApplication(const struct RunningApplication& running);
+    // Reads the record's name and search words from its entry again; letters follow the name.
+    void readEntryText(const HVAppRef& app);
     class RunningAppsSource* m_runningSource = nullptr;
 
 public:

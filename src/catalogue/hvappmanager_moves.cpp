@@ -21,6 +21,7 @@ void HVAppManager::moveApp(const HVAppRef& app, int group, qint64 bunch, qint64 
 
 void HVAppManager::moveAppInFlatUserList(const HVAppRef& app, qint64 index)
 {
+    index = std::max<qint64>(index, 0); // before the start is the start
     const qint64 from = m_userApps1D.indexOf(app);
     if (from == index)
         return;
@@ -40,6 +41,7 @@ void HVAppManager::moveAppInFlatUserList(const HVAppRef& app, qint64 index)
 
 void HVAppManager::moveAppInUserBunches(const HVAppRef& app, qint64 bunch, qint64 index)
 {
+    index = std::max<qint64>(index, 0);
     const qint64 bunchCount = m_userApps.size();
     qint64 from = -1;
     qint64 position = -1;

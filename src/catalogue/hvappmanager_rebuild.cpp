@@ -166,11 +166,20 @@ HVAppRef HVAppManager::bestMatchForApp(const HVAppRef& app, const HVAppBunch& ap
 {
     if (!app || apps.isEmpty())
         return nullptr;
+    // The entry's file name first (a moved entry keeps its desktop ID's last part, while its
+    // vanished record can no longer read its own name), then the name.
+    const QString fileName = app->path().section(QLatin1Char('/'), -1);
     const QString name = app->name();
     HVAppBunch candidates;
     for (const HVAppRef& candidate : apps) {
-        if (candidate->name() == name)
+        if (candidate->path().section(QLatin1Char('/'), -1) == fileName)
             candidates.append(candidate);
+    }
+    if (candidates.isEmpty()) {
+        for (const HVAppRef& candidate : apps) {
+            if (candidate->name() == name)
+                candidates.append(candidate);
+        }
     }
     if (candidates.size() <= 1)
         return candidates.value(0);

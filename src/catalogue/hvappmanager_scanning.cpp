@@ -135,7 +135,12 @@ void HVAppManager::scanAppsUnderPath(const QString& folder, HVAppBunch& apps, HV
             continue;
         switch (HVItemClassifier::classifyItem(path, m_reader.get(), entry.type)) {
         case HVItemClassApplication:
-            apps.append(appForPath(path));
+            if (const HVAppRef known = liveRecordForPath(path)) {
+                readEntryText(known); // the entry may have been renamed, or the language changed
+                apps.append(appForPath(path));
+            } else {
+                apps.append(appForPath(path));
+            }
             break;
         case HVItemClassFolder:
             // A scan folder inside this one is walked as its own; the depth bound holds
@@ -279,11 +284,23 @@ void HVAppManager::spotlightQueryDidUpdate(const QList<HVEntryChange>& changes)
             if (!known.contains(change.path) ||
                 HVItemClassifier::classifyItem(change.path, m_reader.get()) != HVItemClassApplication)
                 ++counted;
+            else if (const HVAppRef app = liveRecordForPath(change.path))
+                readEntryText(app);
             break;
         }
     }
     if (counted)
         startFullScanTimer();
+}
+
+void HVAppManager::readEntryText(const HVAppRef& app)
+{
+    if (!m_reader)
+        return;
+    const QString name = app->name();
+    app->setEntryText(m_reader->entryText(app->path()));
+    if (app->name() != name && app->hasLetters())
+        app->findLetters();
 }
 
 void HVAppManager::observe_maxFolderRecursionDepth(const QVariantMap&)

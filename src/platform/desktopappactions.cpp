@@ -194,3 +194,25 @@ bool DesktopAppActions::prefersURL(const HVApp& app, const QUrl& item) const
 {
     return m_mime.prefers(app.path(), item);
 }
+
+bool DesktopAppActions::isApplicationInstalled(const QString& desktopId) const
+{
+    GDesktopAppInfo* info = g_desktop_app_info_new(desktopId.toUtf8().constData());
+    if (info)
+        g_object_unref(info);
+    return info;
+}
+
+QList<QPair<QString, QString>> DesktopAppActions::entryActions(const HVApp& app) const
+{
+    return GioLauncher::actionsOfEntry(app.path());
+}
+
+bool DesktopAppActions::launchEntryAction(const HVApp& app, const QString& action)
+{
+    const LaunchOutcome outcome = m_launcher.launchAction(app.path(), action);
+    if (!outcome.ok())
+        qWarning("%s returned err: %ld for the action %s of %s", outcome.call, outcome.status,
+                 qPrintable(action), qPrintable(app.path()));
+    return outcome.ok();
+}

@@ -122,3 +122,43 @@ LaunchOutcome GioLauncher::launch(const QString& entryPath, const QByteArrayList
     g_object_unref(info);
     return outcome;
 }
+
+QList<QPair<QString, QString>> GioLauncher::actionsOfEntry(const QString& entryPath)
+{
+    QList<QPair<QString, QString>> actions;
+    GDesktopAppInfo* info = g_desktop_app_info_new_from_filename(QFile::encodeName(entryPath).constData());
+    if (!info)
+        return actions;
+    for (const gchar* const* id = g_desktop_app_info_list_actions(info); id && *id; ++id) {
+        gchar* name = g_desktop_app_info_get_action_name(info, *id);
+        const QString title = QString::fromUtf8(name).trimmed();
+        g_free(name);
+        if (!title.isEmpty())
+            actions.append({QString::fromUtf8(*id), title});
+    }
+    g_object_unref(info);
+    return actions;
+}
+
+LaunchOutcome GioLauncher::launchAction(const QString& entryPath, const QString& action) const
+{
+    GDesktopAppInfo* info = g_desktop_app_info_new_from_filename(QFile::encodeName(entryPath).constData());
+    if (!info)
+        return {problemWithEntry(entryPath), "g_desktop_app_info_new_from_filename()"};
+    const QByteArray id = action.toUtf8();
+    // Only an action the entry lists: GIO would run whatever group of that name it finds.
+    bool listed = false;
+    for (const gchar* const* known = g_desktop_app_info_list_actions(info); known && *known; ++known)
+        listed = listed || id == *known;
+    if (!listed) {
+        g_object_unref(info);
+        return {LaunchOutcome::Unusable, "g_desktop_app_info_list_actions()"};
+    }
+    GAppLaunchContext* context = contextWithEnvironment(m_environment);
+    LaunchData data{m_launched.get(), entryPath};
+    g_signal_connect(context, "launched", G_CALLBACK(onLaunched), &data);
+    g_desktop_app_info_launch_action(info, id.constData(), context);
+    g_object_unref(context);
+    g_object_unref(info);
+    return {0, "g_desktop_app_info_launch_action()"};
+}

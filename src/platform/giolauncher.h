@@ -9,6 +9,7 @@
 #include "launchedprocesses.h"
 
 #include <QByteArrayList>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -33,6 +34,9 @@ public:
     GioLauncher(std::shared_ptr<LaunchedProcesses> launched, QStringList environment);
 
     LaunchOutcome launch(const QString& entryPath, const QByteArrayList& uris) const;
+    // The entry's [Desktop Action ...] groups it lists in Actions: identifier and localised name.
+    static QList<QPair<QString, QString>> actionsOfEntry(const QString& entryPath);
+    LaunchOutcome launchAction(const QString& entryPath, const QString& action) const;
 
     // Why an entry GIO would not load cannot launch: its file or program is gone, or it is unusable.
     static long problemWithEntry(const QString& entryPath);

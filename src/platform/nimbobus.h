@@ -1,9 +1,16 @@
 // Nimbo on the session bus: the running instance owns "com.halvorndesign.Nimbo" and answers
-// Toggle, Show, Hide, Rescan, Quit and Reopen; a second instance or nimboctl calls them.
+// Toggle, Show, Hide, Rescan, Quit and Reopen, and organises its lists (Favourites,
+// AddFavourite, RemoveFavourite, Exclude, Include); a second instance or nimboctl calls them.
 #pragma once
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <optional>
+
+class HVListEditor;
 
 namespace NimboBus {
 inline const QString ServiceName = QStringLiteral("com.halvorndesign.Nimbo");
@@ -12,6 +19,10 @@ inline const QString InterfaceName = QStringLiteral("com.halvorndesign.Nimbo");
 
 // Calls a method of the running instance; false with `error` set when there is none.
 bool call(const QString& method, QString* error);
+// The same with arguments; the reply's first value (invalid when the method returns nothing).
+std::optional<QVariant> call(const QString& method, const QVariantList& arguments, QString* error);
+// Whether an instance owns the name now.
+bool isRunning();
 } // namespace NimboBus
 
 // The running instance's side. Each call becomes a signal the controller acts on.
@@ -33,6 +44,15 @@ public slots:
     Q_SCRIPTABLE void Quit() { emit quitRequested(); }
     Q_SCRIPTABLE void Reopen() { emit reopenRequested(); }
 
+    // The lists, organised as the panel's menu does. Each change answers an error message,
+    // empty when done; without an editor every call answers that the lists are not ready.
+    void setListEditor(HVListEditor* editor) { m_editor = editor; }
+    Q_SCRIPTABLE QString Favourites();
+    Q_SCRIPTABLE QString AddFavourite(const QString& path, qlonglong bunch, qlonglong index, bool newBunch);
+    Q_SCRIPTABLE QString RemoveFavourite(const QString& path);
+    Q_SCRIPTABLE QString Exclude(const QStringList& paths);
+    Q_SCRIPTABLE QString Include(const QStringList& paths);
+
 signals:
     void toggleRequested();
     void showRequested();
@@ -40,4 +60,7 @@ signals:
     void rescanRequested();
     void quitRequested();
     void reopenRequested();
+
+private:
+    HVListEditor* m_editor = nullptr;
 };

@@ -7,6 +7,7 @@
 
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
+#include "catalogue/hvlisteditor.h"
 #include "catalogue/iconloader.h"
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
@@ -38,8 +39,9 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     // loads them when it is first filled.
     IconLoader::sharedIconLoader()->setIconSource(std::make_shared<DesktopIconSource>());
     m_session = std::make_unique<DesktopSession>();
-    m_appManager =
-        new HVAppManager(m_defaults, std::make_shared<GioEntryReader>(), m_session->appActions(), this);
+    auto reader = std::make_shared<GioEntryReader>();
+    m_appManager = new HVAppManager(m_defaults, reader, m_session->appActions(), this);
+    m_listEditor = std::make_unique<HVListEditor>(m_appManager, reader.get());
     m_session->desktopActions()->setRecordLookup(
         [this](const QString& path) { return m_appManager->appForPath(path); });
     m_session->desktopActions()->setOpenUntitledFile([this] { applicationOpenUntitledFile(); });
@@ -53,6 +55,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     m_statusMenu = new HVStatusMenu(this);
     connect(m_hotKey, &GlobalHotKey::pressed, this, &HVController::showHideMainWindow);
     connect(m_mainWindow, &HVWindow::closeRequested, this, &HVController::explicitHideMainWindow);
+    connect(m_iconView, &HVIconView::alertRequested, this, &HVController::showAlert);
     connect(m_bus, &NimboBusService::toggleRequested, this, &HVController::showHideMainWindow);
     connect(m_bus, &NimboBusService::showRequested, this, [this] {
         activate();
@@ -144,6 +147,7 @@ void HVController::applicationDidFinishLaunching()
     // The catalogue is read before the panel opens: the fade-in holds the main thread, and the
     // panel would otherwise open empty and small, then jump to its size once the lists are in.
     rescanAllApps(false);
+    m_bus->setListEditor(m_listEditor.get()); // the lists are in: they can be organised from outside
     if (m_defaults->boolForKey(QStringLiteral("showWindowAtLaunch")))
         applicationOpenUntitledFile();
     const qint64 count = m_defaults->integerForKey(LaunchCountKey);

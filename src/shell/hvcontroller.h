@@ -102,6 +102,7 @@ private:
 
     HVUserDefaults* m_defaults;
     std::unique_ptr<DesktopSession> m_session;
+    std::unique_ptr<class HVListEditor> m_listEditor;
     HVAppManager* m_appManager;
     HVIconView* m_iconView;
     HVWindow* m_mainWindow;

@@ -1,0 +1,159 @@
+// Organising the lists by path, as nimboctl does on the list files when no Nimbo runs, and a
+// favourite found again after its entry moved.
+#include "support/testenvironment.h"
+
+#include "catalogue/hvappmanager.h"
+#include "catalogue/listfilestore.h"
+#include "common/hvuserdefaults.h"
+#include "platform/gioentryreader.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QtTest>
+
+class TestListCommands : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    QString apps;
+
+    QString entry(const QString& id, const QString& name)
+    {
+        return env.writeFile("data/applications/" + id + ".desktop",
+                             "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=true\n");
+    }
+
+    struct Run
+    {
+        int exitCode;
+        QByteArray out, err;
+    };
+    Run nimboctl(const QStringList& args)
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent"); // no Nimbo to ask
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), args);
+        process.waitForFinished();
+        return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    }
+    QJsonObject favourites()
+    {
+        const Run run = nimboctl({"favourites"});
+        return QJsonDocument::fromJson(run.out).object();
+    }
+    static QStringList strings(const QJsonValue& array)
+    {
+        QStringList list;
+        for (const QJsonValue& value : array.toArray())
+            list.append(value.toString().section('/', -1).section('.', 0, 0));
+        return list;
+    }
+    QList<QStringList> bunches()
+    {
+        QList<QStringList> list;
+        for (const QJsonValue& bunch : favourites().value("userApps").toArray())
+            list.append(strings(bunch));
+        return list;
+    }
+    QByteArray listFiles()
+    {
+        QByteArray all;
+        const QDir folder(ListFileStore::userFolder());
+        for (const QString& name : folder.entryList(QDir::Files, QDir::Name))
+            all += name.toUtf8() + ":" + [&] {
+                QFile file(folder.filePath(name));
+                return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+            }();
+        return all;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        for (const char* id : {"a", "b", "c", "d"})
+            entry(id, QString(id).toUpper());
+        apps = env.dataHome() + "/applications/";
+    }
+
+    void favouritesAddedMovedAndRemoved()
+    {
+        QCOMPARE(favourites(), (QJsonObject{{"userApps", QJsonArray()}, {"userApps1D", QJsonArray()}}));
+        const struct
+        {
+            QStringList args;
+            QList<QStringList> expected;
+        } steps[] = {
+            {{"add", apps + "a.desktop"}, {{"a"}}},
+            {{"add", apps + "b.desktop"}, {{"a", "b"}}},
+            {{"add", apps + "c.desktop", "--new-bunch"}, {{"a", "b"}, {"c"}}},
+            {{"add", apps + "d.desktop", "--bunch", "1", "--index", "0"}, {{"a", "b"}, {"d", "c"}}},
+            {{"add", apps + "c.desktop", "--bunch", "0", "--index", "-5"}, {{"c", "a", "b"}, {"d"}}},
+            {{"remove", apps + "a.desktop"}, {{"c", "b"}, {"d"}}},
+        };
+        for (const auto& step : steps) {
+            const Run run = nimboctl(QStringList{"favourites"} + step.args);
+            QVERIFY2(run.exitCode == 0, run.err.constData());
+            QCOMPARE(bunches(), step.expected);
+        }
+        // The flat order keeps its own: new favourites at its end.
+        QCOMPARE(strings(favourites().value("userApps1D")), (QStringList{"b", "c", "d"}));
+    }
+
+    void excludeAndIncludeAndPathsThatAreNoEntries()
+    {
+        QCOMPARE(nimboctl({"exclude", apps + "b.desktop", apps + "c.desktop"}).exitCode, 0);
+        QCOMPARE(nimboctl({"include", apps + "b.desktop"}).exitCode, 0);
+        HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
+        HVAppManager manager(&defaults);
+        manager.readExcludedApps1DFromDisk();
+        QCOMPARE(HVAppManager::pathsFromApps(manager.excludedApps1D()), QStringList{apps + "c.desktop"});
+
+        // Not an entry, gone, hostile: exit 1, a message naming it, every list file as it was.
+        env.writeFile("notes.txt", "not an entry");
+        const QByteArray before = listFiles();
+        const QStringList bad[] = {{"favourites", "add", env.root() + "/notes.txt"},
+                                   {"favourites", "add", apps + "gone.desktop"},
+                                   {"exclude", apps + "a.desktop", apps + "$(touch x)\n.desktop"},
+                                   {"include", "/etc/passwd"},
+                                   {"favourites", "remove", apps + "a.desktop/.."}};
+        for (const QStringList& args : bad) {
+            const Run run = nimboctl(args);
+            QCOMPARE(run.exitCode, 1);
+            QVERIFY2(run.err.contains("not an application entry"), run.err.constData());
+        }
+        QCOMPARE(nimboctl({"favourites", "add"}).exitCode, 2);
+        QCOMPARE(nimboctl({"favourites", "add", apps + "a.desktop", "--index", "x"}).exitCode, 2);
+        QCOMPARE(listFiles(), before);
+    }
+
+    void aFavouriteWhoseEntryMovedIsFoundByItsFileName()
+    {
+        // The favourite's old folder is gone; its record cannot read a name any more.
+        const QString moved =
+            env.writeFile("data/elsewhere/org.example.Calc.desktop",
+                          "[Desktop Entry]\nType=Application\nName=Calculator\nExec=true\n");
+        HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
+        defaults.setObject(QVariantList{QVariantMap{{"path", QFileInfo(moved).absolutePath()}}},
+                           "searchDirectories");
+        ListFileStore::writeArray(
+            QVariantList{QVariant(QVariantList{env.root() + "/old/org.example.Calc.desktop"})},
+            ListFileStore::userFolder() + "/UserApplications.plist");
+        HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
+        manager.scanSearchFoldersForAllApps();
+        manager.readUserAppsFromDisk();
+        manager.locateUserApps();
+        QCOMPARE(HVAppManager::pathsFromApps(manager.userApps1D()), QStringList{moved});
+        QCOMPARE(manager.userApps1D().first()->name(), QStringLiteral("Calculator"));
+        HVAppManager restarted(&defaults, std::make_shared<GioEntryReader>());
+        restarted.readUserAppsFromDisk();
+        QCOMPARE(HVAppManager::pathsFromApps(restarted.userApps1D()), QStringList{moved});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestListCommands)
+#include "tst_listcommands.moc"
