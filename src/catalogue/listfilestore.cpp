@@ -18,28 +18,43 @@ constexpr qint64 MaxListFileSize = 64 * 1024 * 1024;
 
 enum class ParseResult { Ok, Corrupt, NotAnArray };
 
-QString stringValue(plist_t node)
+// The string's bytes as they are: a string may hold a NUL, which no path does (and which makes
+// libplist's copying getter abort).
+QByteArray stringBytes(plist_t node)
 {
-    char* value = nullptr;
-    plist_get_string_val(node, &value);
-    const QString string = QString::fromUtf8(value);
-    std::free(value);
-    return string;
+    uint64_t length = 0;
+    const char* value = plist_get_string_ptr(node, &length);
+    return value ? QByteArray(value, qsizetype(length)) : QByteArray();
+}
+
+// A path from the list: null for a string that cannot be a path.
+std::optional<QString> pathValue(plist_t node)
+{
+    const QByteArray bytes = stringBytes(node);
+    if (bytes.contains('\0'))
+        return std::nullopt;
+    return QString::fromUtf8(bytes);
 }
 
 // Strings and arrays of strings are kept; anything else in a list file is dropped.
 QVariant listElement(plist_t node, const QString& path, int* dropped)
 {
     const plist_type type = plist_get_node_type(node);
-    if (type == PLIST_STRING)
-        return stringValue(node);
+    if (type == PLIST_STRING) {
+        if (const std::optional<QString> string = pathValue(node))
+            return *string;
+        ++*dropped;
+        return QVariant();
+    }
     if (type == PLIST_ARRAY) {
         QStringList strings;
         const uint32_t count = plist_array_get_size(node);
         for (uint32_t i = 0; i < count; ++i) {
             plist_t item = plist_array_get_item(node, i);
-            if (plist_get_node_type(item) == PLIST_STRING)
-                strings.append(stringValue(item));
+            const std::optional<QString> string =
+                plist_get_node_type(item) == PLIST_STRING ? pathValue(item) : std::nullopt;
+            if (string)
+                strings.append(*string);
             else
                 ++*dropped;
         }

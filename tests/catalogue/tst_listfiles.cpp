@@ -125,6 +125,17 @@ private slots:
             "<integer>3</integer></array><true/></array></plist>");
         h.manager().readUserAppsFromDisk();
         QCOMPARE(h.names(h.manager().userApps()), Bunches{{"A"}});
+
+        // A string holding a NUL byte is no path: dropped, at the top and inside a bunch, where
+        // reading it once stopped the program.
+        const QByteArray nul("/a/B\0.desktop", 14);
+        h.env().writeFile(
+            "data/Nimbo/UserApplications.plist",
+            "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><array><string>/a/A.desktop</string>"
+            "<string>" +
+                nul + "</string></array><string>" + nul + "</string></array></plist>");
+        h.manager().readUserAppsFromDisk();
+        QCOMPARE(h.names(h.manager().userApps()), Bunches{{"A"}});
     }
 };
 
