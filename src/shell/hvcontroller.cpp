@@ -55,6 +55,8 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     m_statusMenu = new HVStatusMenu(this);
     connect(m_hotKey, &GlobalHotKey::pressed, this, &HVController::showHideMainWindow);
     connect(m_mainWindow, &HVWindow::closeRequested, this, &HVController::explicitHideMainWindow);
+    connect(m_mainWindow, &HVWindow::menuRequested, m_statusMenu,
+            [this](const QPoint& at) { m_statusMenu->popup(at); });
     connect(m_iconView, &HVIconView::alertRequested, this, &HVController::showAlert);
     connect(m_bus, &NimboBusService::toggleRequested, this, &HVController::showHideMainWindow);
     connect(m_bus, &NimboBusService::showRequested, this, [this] {

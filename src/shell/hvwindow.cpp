@@ -2,8 +2,10 @@
 
 #include "hvbkgndview.h"
 #include "hvgeometry.h"
+#include "hvpanelcontrols.h"
 #include "hvpanelscreen.h"
 
+#include "browser/hviconoverlayview.h"
 #include "browser/hviconview.h"
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
@@ -47,10 +49,11 @@ HVWindow::HVWindow(HVIconView* iconView, HVUserDefaults* defaults, QWidget* pare
     m_iconView->setParent(this);
     m_iconView->move(LeftMargin, TopMargin);
     // The overlay sits above the icons and never takes the mouse.
-    m_overlay = new QWidget(this);
-    m_overlay->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_overlay->setAttribute(Qt::WA_TranslucentBackground);
+    m_overlay = new HVIconOverlayView(m_iconView, m_defaults, this);
     m_overlay->raise();
+    m_controls = new HVPanelControls(this, m_iconView, m_defaults);
+    connect(m_controls, &HVPanelControls::closeClicked, this, &HVWindow::closeRequested);
+    connect(m_controls, &HVPanelControls::menuRequested, this, &HVWindow::menuRequested);
 
     observeDefaults();
     updateColors();

@@ -10,6 +10,8 @@
 #include <QWidget>
 
 class HVBkgndView;
+class HVIconOverlayView;
+class HVPanelControls;
 class HVIconView;
 class HVUserDefaults;
 
@@ -31,7 +33,8 @@ public:
     static QVariantMap registeredDefaults();
 
     HVIconView* iconView() const { return m_iconView; }
-    QWidget* overlayView() const { return m_overlay; }
+    HVIconOverlayView* overlayView() const { return m_overlay; }
+    HVPanelControls* controls() const { return m_controls; }
 
     void showPanel();
     void hidePanel();
@@ -61,6 +64,8 @@ public:
 signals:
     // Escape, Ctrl+W or Ctrl+period when the view did not want the key: the user dismisses the panel.
     void closeRequested();
+    // The gear button asks for Nimbo's menu at this global point.
+    void menuRequested(const QPoint& globalPosition);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -76,7 +81,8 @@ private:
     HVUserDefaults* m_defaults;
     HVIconView* m_iconView;
     HVBkgndView* m_background;
-    QWidget* m_overlay;
+    HVIconOverlayView* m_overlay;
+    HVPanelControls* m_controls;
     QRectF m_movedFrame;
     bool m_isNonActivating = false;
     bool m_useAnimation = false;

@@ -4,9 +4,12 @@
 #include "support/testenvironment.h"
 
 #include "browser/hviconview.h"
+#include "browser/hvstatscontrol.h"
 #include "catalogue/hvappmanager.h"
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
+#include "shell/hvpanelbutton.h"
+#include "shell/hvpanelcontrols.h"
 #include "shell/hvstatusmenu.h"
 #include "shell/hvtranslations.h"
 #include "shell/hvwindow.h"
@@ -137,6 +140,24 @@ private slots:
         QVERIFY(controller->mainWindowIsVisible());
         QTRY_VERIFY(panel()->isActiveWindow());
         QVERIFY(xdotool({"key", "Escape"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+    }
+
+    void tabStepsTheGroupsAndTheCloseButtonHides()
+    {
+        xdotool({"key", "ctrl+Tab"});
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+        HVStatsControl* stats = panel()->controls()->statsControl();
+        QCOMPARE(controller->iconView()->groupToShow(), 1);
+        QCOMPARE(stats->groupForSelectedButton(), 1);
+        QVERIFY(xdotool({"key", "Tab"}));
+        QTRY_COMPARE(controller->iconView()->groupToShow(), 8);
+        QCOMPARE(stats->groupForSelectedButton(), 8);
+        QVERIFY(xdotool({"key", "shift+Tab"}));
+        QTRY_COMPARE(controller->iconView()->groupToShow(), 1);
+        const QPoint close = panel()->controls()->closeButton()->mapToGlobal(QPoint(9, 9));
+        QVERIFY(xdotool({"mousemove", QString::number(close.x()), QString::number(close.y()), "click", "1"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
     }
 

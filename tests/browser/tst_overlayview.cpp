@@ -1,0 +1,130 @@
+// The layer over the icon view: the name of the app under the pointer beside its cell, the
+// longer label once the pointer rests, and the typed filter that fades after the pause.
+#include "iconviewfixture.h"
+
+#include "browser/hviconoverlayview.h"
+
+class OverlayFixture : public IconViewFixture
+{
+public:
+    OverlayFixture() : IconViewFixture({{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}})
+    {
+        panel.resize(900, 700);
+        view->setParent(&panel);
+        view->move(20, 26);
+        overlay = new HVIconOverlayView(view.get(), defaults.get(), &panel);
+        overlay->setGeometry(panel.rect());
+        view->setGroupToShow(5);
+        view->resize(view->viewSize().toSize());
+        panel.show();
+        view->setFocus();
+        panel.activateWindow();
+    }
+    ~OverlayFixture() { view.release()->setParent(nullptr), delete overlay; }
+    QRectF cellInOverlay(const QString& name)
+    {
+        return view->rectOfApp(app(name)).translated(view->mapTo(&panel, QPoint(0, 0)));
+    }
+
+    QWidget panel;
+    HVIconOverlayView* overlay;
+};
+
+class TestOverlayView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theNameShowsAtOnceTheLongLabelOnlyAfterARest()
+    {
+        OverlayFixture f;
+        QVERIFY(QTest::qWaitForWindowExposed(&f.panel));
+        QSignalSpy longLabel(f.overlay, &HVIconOverlayView::longLabelShown);
+        QTest::mouseMove(f.view.get(), f.centreOf("Alpha"));
+        QCOMPARE(f.overlay->labelText(), QString("Alpha"));
+        QVERIFY(!f.overlay->showsLongLabel());
+        // Moving on restarts the wait.
+        QTest::mouseMove(f.view.get(), f.centreOf("Beta"));
+        QVERIFY(longLabel.wait(4000));
+        QCOMPARE(longLabel.count(), 1);
+        QVERIFY(f.overlay->showsLongLabel());
+        QCOMPARE(f.overlay->labelText(), QString("Beta\n/apps"));
+        // Off every app the label goes.
+        QTest::mouseMove(f.view.get(), QPoint(f.centreOf("Beta").x(), 3));
+        QCOMPARE(f.overlay->labelText(), QString());
+        QVERIFY(!f.overlay->showsLongLabel());
+        f.overlay->grab(); // draws with nothing selected
+    }
+
+    void theLabelSitsBesideTheCellInsideThePanel_data()
+    {
+        QTest::addColumn<int>("orientation");
+        QTest::addColumn<bool>("tablet");
+        QTest::addColumn<int>("hand");
+        QTest::addColumn<QString>("side");
+        QTest::newRow("rows of bunches: below") << 0 << false << 0 << "below";
+        QTest::newRow("columns of bunches: right") << 2 << false << 0 << "right";
+        QTest::newRow("tablet, left hand: right") << 0 << true << 1 << "right";
+        QTest::newRow("tablet, right hand: left") << 0 << true << 0 << "left";
+    }
+    void theLabelSitsBesideTheCellInsideThePanel()
+    {
+        QFETCH(int, orientation);
+        QFETCH(bool, tablet);
+        QFETCH(int, hand);
+        QFETCH(QString, side);
+        OverlayFixture f;
+        f.defaults->setInteger(orientation, "groupOrientation");
+        f.defaults->setBool(tablet, "tabletMode");
+        f.defaults->setInteger(hand, "tabletHandedness");
+        QTest::mouseMove(f.view.get(), QPoint(1, 1));
+        QTest::mouseMove(f.view.get(), f.centreOf("Epsilon"));
+        QCOMPARE(f.overlay->selectedApp(), f.app("Epsilon"));
+        const QRectF cell = f.cellInOverlay("Epsilon");
+        const QRectF label = f.overlay->labelRect(QSizeF(60, 18));
+        QVERIFY(f.overlay->rect().contains(label.toRect()));
+        QVERIFY(!label.intersects(cell));
+        const QString actual = label.top() >= cell.bottom()   ? "below"
+                               : label.bottom() <= cell.top() ? "above"
+                               : label.left() >= cell.right() ? "right"
+                                                              : "left";
+        QCOMPARE(actual, side);
+    }
+
+    void theTypedFilterShowsThenFadesAfterThePause()
+    {
+        OverlayFixture f;
+        QVERIFY(QTest::qWaitForWindowExposed(&f.panel));
+        QSignalSpy faded(f.overlay, &HVIconOverlayView::filterFaded);
+        f.type("al");
+        QCOMPARE(f.overlay->filterString(), QString("al"));
+        QCOMPARE(f.overlay->filterOpacity(), 1.0);
+        QVERIFY(!f.overlay->isFading());
+        f.overlay->grab();
+        QTRY_VERIFY_WITH_TIMEOUT(f.overlay->isFading(), 3000);
+        // A key during the fade starts a new word, shown whole.
+        f.type("e");
+        QVERIFY(!f.overlay->isFading());
+        QCOMPARE(f.overlay->filterOpacity(), 1.0);
+        QCOMPARE(f.overlay->filterString(), QString("e"));
+        QVERIFY(faded.wait(4000));
+        QCOMPARE(f.overlay->filterString(), QString());
+    }
+
+    void anAppThatDisappearsUnderThePointerIsDrawnSafely()
+    {
+        OverlayFixture f;
+        QTest::mouseMove(f.view.get(), f.centreOf("Gamma"));
+        ListFileStore::writeArray({QVariant(QVariantList{IconViewFixture::path("Alpha")})},
+                                  ListFileStore::userFolder() + "/" + HVListFileNames::AllApplications);
+        f.manager->readAllAppsFromDisk();
+        f.manager->rebuildDependentApps();
+        QVERIFY(!f.overlay->grab().isNull());
+        f.defaults->setDouble(7, "windowAlpha");
+        f.defaults->setDouble(0, "windowAlpha");
+        QVERIFY(!f.overlay->grab().isNull());
+    }
+};
+
+QTEST_MAIN(TestOverlayView)
+#include "tst_overlayview.moc"
