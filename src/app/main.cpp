@@ -1,4 +1,5 @@
-// nimbo: the launcher. A second `nimbo` hands "reopen" to the running one and exits.
+// nimbo: the launcher. A second `nimbo` hands "reopen" to the running one and exits;
+// `nimbo --preferences` opens the preferences window, in the running Nimbo when there is one.
 #include "shell/hvcontroller.h"
 #include "shell/hvtranslations.h"
 
@@ -15,8 +16,9 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     HVTranslations::install(app, QLocale());
 
+    const bool preferences = app.arguments().contains(QStringLiteral("--preferences"));
     QString error;
-    if (NimboBus::call(QStringLiteral("Reopen"), &error))
+    if (NimboBus::call(preferences ? QStringLiteral("Preferences") : QStringLiteral("Reopen"), &error))
         return 0; // the running Nimbo shows itself
 
     HVController controller;
@@ -26,6 +28,10 @@ int main(int argc, char* argv[])
         qWarning("Nimbo could not take its name on the session bus; nimboctl cannot reach this instance");
     controller.awakeFromNib();
     controller.applicationWillFinishLaunching();
-    QTimer::singleShot(0, &controller, [&controller] { controller.applicationDidFinishLaunching(); });
+    QTimer::singleShot(0, &controller, [&controller, preferences] {
+        controller.applicationDidFinishLaunching();
+        if (preferences)
+            controller.openPrefs();
+    });
     return app.exec();
 }

@@ -1,4 +1,4 @@
-// nimboctl toggle | show | hide | rescan | quit: asks the running Nimbo over D-Bus.
+// nimboctl toggle | show | hide | rescan | preferences | quit: asks the running Nimbo over D-Bus.
 #include "ctlcommand.h"
 
 #include "platform/nimbobus.h"
@@ -31,6 +31,10 @@ int runRescan(const QStringList&)
 {
     return control("Rescan");
 }
+int runPreferences(const QStringList&)
+{
+    return control("Preferences");
+}
 int runQuit(const QStringList&)
 {
     return control("Quit");
@@ -41,4 +45,5 @@ NIMBOCTL_COMMAND("toggle", "toggle      show the panel, or hide it when shown", 
 NIMBOCTL_COMMAND("show", "show        show the panel", runShow)
 NIMBOCTL_COMMAND("hide", "hide        hide the panel", runHide)
 NIMBOCTL_COMMAND("rescan", "rescan      scan for applications again", runRescan)
+NIMBOCTL_COMMAND("preferences", "preferences open the preferences window", runPreferences)
 NIMBOCTL_COMMAND("quit", "quit        quit Nimbo", runQuit)

@@ -1,5 +1,5 @@
 // Nimbo on the session bus: the running instance owns "com.halvorndesign.Nimbo" and answers
-// Toggle, Show, Hide, Rescan, Quit and Reopen, and organises its lists (Favourites,
+// Toggle, Show, Hide, Rescan, Preferences, Quit and Reopen, and organises its lists (Favourites,
 // AddFavourite, RemoveFavourite, Exclude, Include); a second instance or nimboctl calls them.
 #pragma once
 
@@ -41,6 +41,7 @@ public slots:
     Q_SCRIPTABLE void Show() { emit showRequested(); }
     Q_SCRIPTABLE void Hide() { emit hideRequested(); }
     Q_SCRIPTABLE void Rescan() { emit rescanRequested(); }
+    Q_SCRIPTABLE void Preferences() { emit preferencesRequested(); }
     Q_SCRIPTABLE void Quit() { emit quitRequested(); }
     Q_SCRIPTABLE void Reopen() { emit reopenRequested(); }
 
@@ -58,6 +59,7 @@ signals:
     void showRequested();
     void hideRequested();
     void rescanRequested();
+    void preferencesRequested();
     void quitRequested();
     void reopenRequested();
 

@@ -1,6 +1,7 @@
 #include "hvcontroller.h"
 
 #include "firstpaintprobe.h"
+#include "hvpreferences.h"
 #include "hvstatusmenu.h"
 #include "hvwindow.h"
 #include "modifiermonitor.h"
@@ -53,6 +54,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     m_modifierMonitor = new ModifierMonitor(this);
     m_bus = new NimboBusService(this);
     m_statusMenu = new HVStatusMenu(this);
+    m_preferences = new HVPreferences(this, m_defaults);
     connect(m_hotKey, &GlobalHotKey::pressed, this, &HVController::showHideMainWindow);
     connect(m_mainWindow, &HVWindow::closeRequested, this, &HVController::explicitHideMainWindow);
     connect(m_mainWindow, &HVWindow::menuRequested, m_statusMenu,
@@ -68,6 +70,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
             explicitHideMainWindow();
     });
     connect(m_bus, &NimboBusService::rescanRequested, this, [this] { rescanAllApps(true); });
+    connect(m_bus, &NimboBusService::preferencesRequested, this, &HVController::openPrefs);
     connect(m_bus, &NimboBusService::quitRequested, this, &HVController::terminate);
     connect(m_bus, &NimboBusService::reopenRequested, this, &HVController::applicationShouldHandleReopen);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &HVController::applicationStateChanged);
@@ -301,4 +304,19 @@ void HVController::observe_showAppInStatusBar(const QVariantMap&)
 void HVController::updateTaskbarPresence()
 {
     PanelWindowHints::setSkipTaskbar(m_mainWindow, m_runningDockless);
+}
+
+void HVController::openPrefs()
+{
+    m_preferences->open();
+}
+
+void HVController::closePrefs()
+{
+    m_preferences->close();
+}
+
+bool HVController::preferencesAreVisible() const
+{
+    return m_preferences->isVisible();
 }

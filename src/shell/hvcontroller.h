@@ -17,6 +17,7 @@ class DesktopSession;
 class GlobalHotKey;
 class HVAppManager;
 class HVIconView;
+class HVPreferences;
 class HVStatusMenu;
 class HVUserDefaults;
 class HVWindow;
@@ -76,8 +77,14 @@ public:
     void quitApp();
     void terminate();
 
-    // The hot key.
-    void registerHotKey();
+    // The preferences window (see HVPreferences).
+    Q_INVOKABLE void openPrefs();
+    void closePrefs();
+    bool preferencesAreVisible() const;
+    HVPreferences* preferences() const { return m_preferences; }
+
+    // The hot key. registerHotKey answers false when the key could not be grabbed.
+    bool registerHotKey();
     QString hotKeyString() const;
     bool hasMenuAccess() const;
     bool hasMouseAccess() const;
@@ -110,6 +117,7 @@ private:
     ModifierMonitor* m_modifierMonitor;
     NimboBusService* m_bus;
     HVStatusMenu* m_statusMenu;
+    HVPreferences* m_preferences;
     QTimer* m_windowCloseTimer = nullptr;
     QDateTime m_didBecomeActiveDate;
     QElapsedTimer m_panelShownAt;

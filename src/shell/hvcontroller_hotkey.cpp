@@ -6,18 +6,19 @@
 #include "common/hvuserdefaults.h"
 #include "platform/globalhotkey.h"
 
-void HVController::registerHotKey()
+bool HVController::registerHotKey()
 {
     m_hotKey->unregisterHotKey();
     const int code = int(m_defaults->integerForKey(QStringLiteral("hotKeyCode")));
     if (code < 0)
-        return;
+        return true;
     const HVKeyTableRow row = HVKeyTable::rowForTag(HVKeyTable::rows(), code);
     if (row.keysym.isEmpty()) {
         qWarning("Hot key code %d is not in the key table; no hot key", code);
-        return;
+        return false;
     }
-    m_hotKey->registerHotKey(row.keysym, int(m_defaults->integerForKey(QStringLiteral("hotKeyModifiers"))));
+    return m_hotKey->registerHotKey(row.keysym,
+                                    int(m_defaults->integerForKey(QStringLiteral("hotKeyModifiers"))));
 }
 
 QString HVController::hotKeyString() const

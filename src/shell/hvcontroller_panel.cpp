@@ -30,6 +30,7 @@ void HVController::showMainWindow()
 
 void HVController::hideMainWindow()
 {
+    closePrefs();
     if (mainWindowIsVisible())
         m_mainWindow->hidePanel();
 }

@@ -16,6 +16,7 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
     // Updates.
     addSeparator();
     // Preferences.
+    m_preferences = addAction(tr("Preferences…"), controller, &HVController::openPrefs);
     addAction(tr("Rescan Applications"), controller, [controller] { controller->rescanAllApps(true); });
     // Automatic exclusion.
     addSeparator();
@@ -29,4 +30,5 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
 void HVStatusMenu::validateMenuItems()
 {
     m_showHide->setText(m_controller->mainWindowIsVisible() ? tr("Hide Nimbo") : tr("Show Nimbo"));
+    m_preferences->setEnabled(!m_controller->preferencesAreVisible());
 }

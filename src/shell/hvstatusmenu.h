@@ -14,6 +14,7 @@ public:
     explicit HVStatusMenu(HVController* controller, QWidget* parent = nullptr);
 
     QAction* showHideAction() const { return m_showHide; }
+    QAction* preferencesAction() const { return m_preferences; }
 
 private:
     // Titles and enabled states follow the controller each time the menu opens.
@@ -21,4 +22,5 @@ private:
 
     HVController* m_controller;
     QAction* m_showHide;
+    QAction* m_preferences;
 };

@@ -1,0 +1,63 @@
+// The "General" tab: how the panel looks and what it shows first.
+#include "hvpreferenceswindow.h"
+
+#include "hvdefaultsbinding.h"
+
+#include "catalogue/hvappgroup.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QSlider>
+
+using namespace HVDefaultsBinding;
+
+namespace {
+template<typename Control>
+Control* named(Control* control, const char* key)
+{
+    control->setObjectName(QString::fromLatin1(key));
+    return control;
+}
+} // namespace
+
+QWidget* HVPreferencesWindow::generalTab()
+{
+    auto* tab = new QWidget;
+    auto* form = new QFormLayout(tab);
+
+    auto* iconSize = named(new QSlider(Qt::Horizontal), "maximumIconSize");
+    iconSize->setPageStep(16);
+    auto* iconSizeLabel = new QLabel;
+    connect(iconSize, &QSlider::valueChanged, iconSizeLabel,
+            [iconSizeLabel](int value) { iconSizeLabel->setText(tr("%1 px").arg(value)); });
+    bindSlider(iconSize, m_defaults, QStringLiteral("maximumIconSize"), 16, 128);
+    iconSizeLabel->setText(tr("%1 px").arg(iconSize->value()));
+    auto* sizeRow = new QHBoxLayout;
+    sizeRow->addWidget(iconSize);
+    sizeRow->addWidget(iconSizeLabel);
+    form->addRow(tr("Icon size:"), sizeRow);
+
+    auto* group = named(new QComboBox, "groupToShowWhenWindowOpens");
+    bindChoice(group, m_defaults, QStringLiteral("groupToShowWhenWindowOpens"),
+               {{tr("The list shown last"), -1},
+                {tr("Running applications"), HVAppGroupRunning},
+                {tr("Applications"), HVAppGroupIncluded},
+                {tr("Excluded applications"), HVAppGroupExcluded},
+                {tr("All applications"), HVAppGroupAll},
+                {tr("Favourites"), HVAppGroupUser}});
+    form->addRow(tr("Show at opening:"), group);
+
+    auto* opacity = named(new QSlider(Qt::Horizontal), "windowAlpha");
+    bindFloatSlider(opacity, m_defaults, QStringLiteral("windowAlpha"), 0.2, 1.0, 16);
+    form->addRow(tr("Panel opacity:"), opacity);
+
+    auto* atLaunch = named(new QCheckBox(tr("Show the panel when Nimbo starts")), "showWindowAtLaunch");
+    bindCheckBox(atLaunch, m_defaults, QStringLiteral("showWindowAtLaunch"));
+    form->addRow(atLaunch);
+    auto* atLogin = named(new QCheckBox(tr("Start Nimbo at login")), "startAtLogin");
+    bindCheckBox(atLogin, m_defaults, QStringLiteral("startAtLogin"));
+    form->addRow(atLogin);
+    return tab;
+}

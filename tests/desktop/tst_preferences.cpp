@@ -1,0 +1,156 @@
+// The preferences window as a user meets it on a real X server: opened from the menu, by
+// `nimbo --preferences` and `nimboctl preferences` over the session bus, and its controls
+// taking effect at once — the icon size re-lays out the panel, a new hot key is grabbed (pressed
+// with xdotool) while the old one lets go, and a hot key without modifiers is refused.
+#include "support/testenvironment.h"
+
+#include "browser/hviconview.h"
+#include "common/hvuserdefaults.h"
+#include "shell/hvcontroller.h"
+#include "shell/hvpreferences.h"
+#include "shell/hvpreferenceswindow.h"
+#include "shell/hvstatusmenu.h"
+#include "shell/hvwindow.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QProcess>
+#include <QSlider>
+#include <QtTest>
+
+namespace {
+const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
+
+bool xdotool(const QStringList& args)
+{
+    return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
+}
+} // namespace
+
+class TestPreferences : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    std::unique_ptr<HVUserDefaults> defaults;
+    std::unique_ptr<HVController> controller;
+
+    HVPreferencesWindow* window() { return controller->preferences()->window(); }
+    template<typename T>
+    T* control(const char* name)
+    {
+        T* found = window()->findChild<T*>(QString::fromLatin1(name));
+        Q_ASSERT(found);
+        return found;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        for (const char* name : {"Clock", "Eyes", "Terminal", "Editor", "Mail", "Music"})
+            env.writeFile(
+                QStringLiteral("data/applications/%1.desktop").arg(name),
+                QStringLiteral("[Desktop Entry]\nType=Application\nName=%1\nExec=true\n").arg(name).toUtf8());
+        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        controller = std::make_unique<HVController>(defaults.get());
+        QVERIFY(controller->registerBusService());
+        controller->awakeFromNib();
+        controller->applicationWillFinishLaunching();
+        controller->applicationDidFinishLaunching();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+    }
+
+    void opensFromTheMenuAndTheBusOnce_data()
+    {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("menu") << QString() << QStringList();
+        QTest::newRow("nimbo --preferences") << Bin + "nimbo" << QStringList{"--preferences"};
+        QTest::newRow("nimboctl preferences") << Bin + "nimboctl" << QStringList{"preferences"};
+    }
+    void opensFromTheMenuAndTheBusOnce()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        controller->explicitHideMainWindow();
+        QVERIFY(!controller->preferencesAreVisible());
+        QVERIFY(controller->statusItemMenu()->preferencesAction()->text().startsWith("Preferences"));
+        // Asked for twice: still one window.
+        for (int i = 0; i < 2; ++i) {
+            if (program.isEmpty()) {
+                controller->statusItemMenu()->preferencesAction()->trigger();
+            } else {
+                QProcess process;
+                process.start(program, arguments);
+                QTRY_COMPARE(process.state(), QProcess::NotRunning);
+                QCOMPARE(process.exitCode(), 0);
+            }
+            QTRY_VERIFY(controller->preferencesAreVisible());
+        }
+        const QWidgetList windows = qApp->topLevelWidgets();
+        QCOMPARE(
+            std::count_if(windows.begin(), windows.end(),
+                          [](QWidget* w) { return qobject_cast<HVPreferencesWindow*>(w) && w->isVisible(); }),
+            1);
+        QVERIFY(window()->windowTitle().contains("Preferences"));
+        QVERIFY(controller->mainWindowIsVisible());
+        emit controller->statusItemMenu()->aboutToShow();
+        QVERIFY(!controller->statusItemMenu()->preferencesAction()->isEnabled());
+        // The window goes with the panel.
+        controller->explicitHideMainWindow();
+        QVERIFY(!controller->preferencesAreVisible());
+    }
+
+    void iconSizeRelaysOutThePanel()
+    {
+        controller->openPrefs();
+        auto* slider = control<QSlider>("maximumIconSize");
+        QCOMPARE(slider->value(), 64);
+        const QSize before = controller->iconView()->sizeHint();
+        slider->setValue(32);
+        QCOMPARE(defaults->integerForKey("maximumIconSize"), 32);
+        QVERIFY(controller->iconView()->sizeHint().width() < before.width());
+        // A hand-written absurd value is shown clamped and leaves the panel laid out.
+        defaults->setInteger(100000, "maximumIconSize");
+        QCOMPARE(slider->value(), 128);
+        slider->setValue(64);
+        QCOMPARE(controller->iconView()->sizeHint(), before);
+    }
+
+    void hotKeyWithoutModifiersIsRefused()
+    {
+        controller->openPrefs();
+        for (QCheckBox* box : window()->findChildren<QCheckBox*>(QRegularExpression("^hotKey")))
+            if (box->isChecked())
+                box->click();
+        QCOMPARE(defaults->integerForKey("hotKeyModifiers"), 4096);
+        QVERIFY(!control<QLabel>("hotKeyProblem")->text().isEmpty());
+        QVERIFY(control<QCheckBox>("hotKeyControl")->isChecked());
+    }
+
+    void aNewHotKeyIsGrabbedAndTheOldOneLetsGo()
+    {
+        controller->openPrefs();
+        auto* key = control<QComboBox>("hotKeyCode");
+        key->setCurrentIndex(key->findText("F5"));
+        emit key->activated(key->currentIndex());
+        control<QCheckBox>("hotKeyShift")->click(); // Ctrl + Shift + F5
+        QCOMPARE(defaults->integerForKey("hotKeyModifiers"), 4096 | 512);
+        QCOMPARE(defaults->integerForKey("hotKeyCode"), 96);
+        QVERIFY(control<QLabel>("hotKeyProblem")->text().isEmpty());
+
+        QVERIFY(controller->mainWindowIsVisible());
+        QVERIFY(xdotool({"key", "ctrl+shift+F5"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+        QVERIFY(!controller->preferencesAreVisible());
+        QVERIFY(xdotool({"key", "ctrl+Tab"}));
+        QTest::qWait(500);
+        QVERIFY(!controller->mainWindowIsVisible());
+        QVERIFY(xdotool({"key", "ctrl+shift+F5"}));
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+    }
+};
+
+QTEST_MAIN(TestPreferences)
+#include "tst_preferences.moc"
