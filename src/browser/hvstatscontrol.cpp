@@ -37,7 +37,11 @@ constexpr ButtonSpec Buttons[HVStatsControl::ButtonCount] = {
     {0, QT_TRANSLATE_NOOP("HVStatsControl", "%1 Running"), QT_TRANSLATE_NOOP("HVStatsControl", "%1 R"),
      QT_TRANSLATE_NOOP("HVStatsControl", "R"), true},
 };
-constexpr int HorizontalInset = 10; // text to button edge, each side
+// Text to button edge, each side; tiny labels sit in tighter buttons.
+int horizontalInset(HVStatsControl::LabelSize size)
+{
+    return size == HVStatsControl::TinyLabels ? 5 : 10;
+}
 constexpr int ButtonGap = 4;
 constexpr int ButtonHeight = 18;
 } // namespace
@@ -191,7 +195,7 @@ int HVStatsControl::widthFor(LabelSize size) const
     self->m_labelSize = size;
     int total = (ButtonCount - 1) * ButtonGap;
     for (int i = 0; i < ButtonCount; ++i)
-        total += metrics.horizontalAdvance(label(i)) + 2 * HorizontalInset;
+        total += metrics.horizontalAdvance(label(i)) + 2 * horizontalInset(size);
     self->m_labelSize = kept;
     return total;
 }
@@ -213,7 +217,7 @@ void HVStatsControl::layoutButtons()
     const QFontMetrics metrics(font());
     int x = 0;
     for (int i = 0; i < ButtonCount; ++i) {
-        const int w = metrics.horizontalAdvance(label(i)) + 2 * HorizontalInset;
+        const int w = metrics.horizontalAdvance(label(i)) + 2 * horizontalInset(m_labelSize);
         m_rects[size_t(i)] = QRect(x, 0, w, ButtonHeight);
         x += w + ButtonGap;
     }

@@ -1,7 +1,6 @@
 #include "hvpanelbutton.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include <cmath>
 
@@ -43,21 +42,15 @@ void HVPanelButton::paintEvent(QPaintEvent*)
         painter.drawLine(c + QPointF(-d, d), c + QPointF(d, -d));
         return;
     }
-    // A gear: eight teeth around a ring.
-    QPainterPath gear;
-    const double outer = box.width() / 2, inner = outer * 0.7;
-    for (int i = 0; i < 16; ++i) {
-        const double r = i % 2 ? inner : outer;
-        for (double edge : {-0.18, 0.18}) {
-            const double angle = (i + 0.5 + edge) * M_PI / 8;
-            const QPointF p = c + QPointF(std::cos(angle) * r, std::sin(angle) * r);
-            gear.isEmpty() ? gear.moveTo(p) : gear.lineTo(p);
-        }
+    // A gear: a ring with eight teeth.
+    const double outer = box.width() / 2;
+    painter.setPen(QPen(ink, outer * 0.3, Qt::SolidLine, Qt::FlatCap));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(c, outer * 0.55, outer * 0.55);
+    painter.setPen(QPen(ink, outer * 0.28, Qt::SolidLine, Qt::FlatCap));
+    for (int i = 0; i < 8; ++i) {
+        const double angle = i * M_PI / 4;
+        const QPointF direction(std::cos(angle), std::sin(angle));
+        painter.drawLine(c + direction * outer * 0.6, c + direction * outer);
     }
-    gear.closeSubpath();
-    gear.addEllipse(c, outer * 0.3, outer * 0.3);
-    gear.setFillRule(Qt::OddEvenFill);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ink);
-    painter.drawPath(gear);
 }
