@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QSignalBlocker>
+#include <QSpinBox>
 
 #include <algorithm>
 #include <cmath>
@@ -43,16 +44,27 @@ void bindCheckBox(QCheckBox* box, HVUserDefaults* defaults, const QString& key)
                      [defaults, key](bool on) { defaults->setBool(on, key); });
 }
 
+template<typename Control>
+void bindInteger(Control* control, HVUserDefaults* defaults, const QString& key, int minimum, int maximum)
+{
+    control->setRange(minimum, maximum);
+    follow(control, defaults, key, [control, defaults, key, minimum, maximum] {
+        const QSignalBlocker blocker(control);
+        control->setValue(clampLogged(key, defaults->integerForKey(key), minimum, maximum));
+    });
+    QObject::connect(control, &Control::valueChanged, defaults,
+                     [defaults, key](int value) { defaults->setInteger(value, key); });
+}
+
 void bindSlider(QAbstractSlider* slider, HVUserDefaults* defaults, const QString& key, int minimum,
                 int maximum)
 {
-    slider->setRange(minimum, maximum);
-    follow(slider, defaults, key, [slider, defaults, key, minimum, maximum] {
-        const QSignalBlocker blocker(slider);
-        slider->setValue(clampLogged(key, defaults->integerForKey(key), minimum, maximum));
-    });
-    QObject::connect(slider, &QAbstractSlider::valueChanged, defaults,
-                     [defaults, key](int value) { defaults->setInteger(value, key); });
+    bindInteger(slider, defaults, key, minimum, maximum);
+}
+
+void bindSpinBox(QSpinBox* box, HVUserDefaults* defaults, const QString& key, int minimum, int maximum)
+{
+    bindInteger(box, defaults, key, minimum, maximum);
 }
 
 void bindFloatSlider(QAbstractSlider* slider, HVUserDefaults* defaults, const QString& key, double minimum,

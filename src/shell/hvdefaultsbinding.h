@@ -11,12 +11,14 @@ class HVUserDefaults;
 class QAbstractSlider;
 class QCheckBox;
 class QComboBox;
+class QSpinBox;
 
 namespace HVDefaultsBinding {
 void bindCheckBox(QCheckBox* box, HVUserDefaults* defaults, const QString& key);
 // An integer preference kept in [minimum, maximum].
 void bindSlider(QAbstractSlider* slider, HVUserDefaults* defaults, const QString& key, int minimum,
                 int maximum);
+void bindSpinBox(QSpinBox* box, HVUserDefaults* defaults, const QString& key, int minimum, int maximum);
 // A floating-point preference shown as a slider of `steps` steps over [minimum, maximum].
 void bindFloatSlider(QAbstractSlider* slider, HVUserDefaults* defaults, const QString& key, double minimum,
                      double maximum, int steps);

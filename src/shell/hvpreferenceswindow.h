@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class HVArrayController;
 class HVPreferences;
 class HVUserDefaults;
 class QCheckBox;
@@ -18,10 +19,18 @@ public:
     HVPreferencesWindow(HVPreferences* preferences, HVUserDefaults* defaults, QWidget* parent);
 
     QTabWidget* tabs() const { return m_tabs; }
+    HVArrayController* folders() const { return m_folders; }
+
+protected:
+    // Some seldom-needed controls show only while Alt is held.
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     QWidget* generalTab();
     QWidget* triggersTab();
+    QWidget* foldersTab();
+    void showAltControls(bool shown);
     // The hot key: the key pop-up and the four modifier boxes, applied through setHotKey.
     QWidget* hotKeyControls();
     void showHotKey();
@@ -30,6 +39,8 @@ private:
     HVPreferences* m_preferences;
     HVUserDefaults* m_defaults;
     QTabWidget* m_tabs;
+    HVArrayController* m_folders = nullptr;
+    QList<QWidget*> m_altControls;
     QComboBox* m_hotKeyButton = nullptr;
     QList<QCheckBox*> m_modifierBoxes;
     QLabel* m_hotKeyProblem = nullptr;

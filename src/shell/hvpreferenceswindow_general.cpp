@@ -56,6 +56,10 @@ QWidget* HVPreferencesWindow::generalTab()
     auto* atLaunch = named(new QCheckBox(tr("Show the panel when Nimbo starts")), "showWindowAtLaunch");
     bindCheckBox(atLaunch, m_defaults, QStringLiteral("showWindowAtLaunch"));
     form->addRow(atLaunch);
+    auto* minimize = named(new QCheckBox(tr("Leave out empty cells")), "minimizeEmptyCells");
+    bindCheckBox(minimize, m_defaults, QStringLiteral("minimizeEmptyCells"));
+    m_altControls.append(minimize);
+    form->addRow(minimize);
     auto* atLogin = named(new QCheckBox(tr("Start Nimbo at login")), "startAtLogin");
     bindCheckBox(atLogin, m_defaults, QStringLiteral("startAtLogin"));
     form->addRow(atLogin);

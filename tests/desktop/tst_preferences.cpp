@@ -5,7 +5,12 @@
 #include "support/testenvironment.h"
 
 #include "browser/hviconview.h"
+#include "catalogue/hvapp.h"
+#include "catalogue/hvappmanager.h"
+#include "catalogue/hvarraycontroller.h"
+#include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
+#include "common/notificationnames.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvpreferences.h"
 #include "shell/hvpreferenceswindow.h"
@@ -16,12 +21,23 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QListView>
 #include <QProcess>
+#include <QPushButton>
 #include <QSlider>
 #include <QtTest>
 
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
+
+// Counts the announcements that the scan folders changed, each of which is one rescan.
+class RescanCounter : public QObject
+{
+    Q_OBJECT
+public:
+    int count = 0;
+    Q_INVOKABLE void rescan(const HVNotification&) { ++count; }
+};
 
 bool xdotool(const QStringList& args)
 {
@@ -116,6 +132,39 @@ private slots:
         QCOMPARE(slider->value(), 128);
         slider->setValue(64);
         QCOMPARE(controller->iconView()->sizeHint(), before);
+    }
+
+    void anAddedScanFolderIsKeptAndScannedOnce()
+    {
+        controller->openPrefs();
+        const QString folder = env.root() + "/more apps";
+        QVERIFY(QDir().mkpath(folder));
+        env.writeFile("more apps/Extra.desktop",
+                      "[Desktop Entry]\nType=Application\nName=Extra\nExec=true\n");
+        RescanCounter rescans;
+        HVNotificationCenter::defaultCenter()->addObserver(&rescans, "rescan",
+                                                           HVNotificationNames::ScanPathListChanged);
+        window()->folders()->setSelectionIndexes({});
+        window()->folders()->openPanelDidEnd({folder}, 1); // the folder dialog's answer
+        QCOMPARE(defaults->arrayForKey("searchDirectories").first().toMap().value("path").toString(), folder);
+        const auto catalogued = [this](const QString& path) {
+            for (const HVAppBunch& bunch : controller->appManager()->allApps())
+                for (const HVAppRef& app : bunch)
+                    if (app->path() == path)
+                        return true;
+            return false;
+        };
+        QTRY_VERIFY(catalogued(folder + "/Extra.desktop"));
+        QTest::qWait(200);
+        QCOMPARE(rescans.count, 1);
+        // A folder that has gone is shown as such and skipped.
+        QVERIFY(QDir(folder).removeRecursively());
+        auto* view = control<QListView>("searchDirectories");
+        QTRY_VERIFY(view->model()->index(0, 0).data().toString().contains("does not exist"));
+        window()->folders()->setSelectionIndexes({0});
+        control<QPushButton>("removeSearchDirectory")->click();
+        QVERIFY(!defaults->arrayForKey("searchDirectories").contains(QVariantMap{{"path", folder}}));
+        HVNotificationCenter::defaultCenter()->removeObserver(&rescans);
     }
 
     void hotKeyWithoutModifiersIsRefused()
