@@ -60,6 +60,8 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     connect(m_mainWindow, &HVWindow::menuRequested, m_statusMenu,
             [this](const QPoint& at) { m_statusMenu->popup(at); });
     connect(m_iconView, &HVIconView::alertRequested, this, &HVController::showAlert);
+    // A launch hides the panel as Escape does: faded, its group remembered, its view reset.
+    connect(m_iconView, &HVIconView::appLaunchRequested, this, &HVController::hideMainWindow);
     connect(m_bus, &NimboBusService::toggleRequested, this, &HVController::showHideMainWindow);
     connect(m_bus, &NimboBusService::showRequested, this, [this] {
         activate();

@@ -264,6 +264,7 @@ void HVWindow::hidePanel()
     m_defaults->synchronize();
     fadeOutOver(FadeSeconds);
     m_movedFrame = QRectF();
+    m_iconView->resetView(); // no filter, modifier or spectrum survives to the next showing
 }
 
 void HVWindow::raisePanel()

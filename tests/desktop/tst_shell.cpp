@@ -166,9 +166,13 @@ private slots:
         xdotool({"key", "ctrl+Tab"});
         QTRY_VERIFY(controller->mainWindowIsVisible());
         QTRY_VERIFY(panel()->isActiveWindow());
+        defaults->setInteger(3, "groupShownWhenWindowClosed");
         QVERIFY(xdotool({"type", "--delay", "50", "ter"}));
         QVERIFY(xdotool({"key", "Return"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
+        // Hidden as Escape hides it: the group remembered, the filter gone for the next showing.
+        QCOMPARE(defaults->integerForKey("groupShownWhenWindowClosed"), 1);
+        QCOMPARE(controller->iconView()->filterSubstring(), QString());
         QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
         QTRY_VERIFY(controller->appManager()->isAppRunning(
             controller->appManager()->appForPath(env.dataHome() + "/applications/terminal.desktop")));
