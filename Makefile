@@ -1,14 +1,22 @@
 # Nimbo's front door. `make run` builds and runs Nimbo, `make test` builds and runs the tests,
-# `make bench` runs the benchmarks, `make fuzz` fuzzes every reader of outside bytes for FUZZ_RUNS
-# executions each. Each installs the Debian packages it needs first.
+# `make bench` runs the benchmarks. The reliability runs: `make fuzz` fuzzes every reader of
+# outside bytes for FUZZ_RUNS executions each, `make soak` shows and hides a running Nimbo
+# SOAK_CYCLES times and rescans it SOAK_RESCANS times, `make killtest` kills it KILL_ROUNDS times
+# while its files change. Each installs the Debian packages it needs first.
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps configure build run test bench fuzz format
+.PHONY: all deps configure build run test bench fuzz soak killtest format
 
 FUZZ_RUNS ?= 1000000
 # The short round that `make test` runs after the test suite.
 FUZZ_SHORT_RUNS ?= 3000
+SOAK_CYCLES ?= 10000
+SOAK_RESCANS ?= 1000
+KILL_ROUNDS ?= 1000
+# A virtual desktop for the runs that need a running Nimbo: X server, window manager, session bus.
+ON_DESKTOP = dbus-run-session -- xvfb-run --auto-servernum --server-args="-screen 0 1600x1000x24" \
+	sh -c 'openbox >/dev/null 2>&1 & sleep 0.5; exec "$$0" "$$@"'
 
 all: build
 
@@ -33,6 +41,12 @@ bench: build
 
 fuzz: deps
 	@tools/run-fuzz $(BUILD)-fuzz $(FUZZ_RUNS)
+
+soak: build
+	@$(ON_DESKTOP) tools/soak $(BUILD) $(SOAK_CYCLES) $(SOAK_RESCANS)
+
+killtest: build
+	@$(ON_DESKTOP) tools/killtest $(BUILD) $(KILL_ROUNDS)
 
 format:
 	@find src tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
