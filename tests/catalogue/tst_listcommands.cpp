@@ -153,6 +153,23 @@ private slots:
         restarted.readUserAppsFromDisk();
         QCOMPARE(HVAppManager::pathsFromApps(restarted.userApps1D()), QStringList{moved});
     }
+
+    void aRenamedEntryIsRenamedAtTheNextScan()
+    {
+        const QString path = entry("renamed", "Text Editor");
+        HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
+        defaults.setObject(QVariantList{QVariantMap{{"path", QFileInfo(path).absolutePath()}}},
+                           "searchDirectories");
+        HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
+        manager.scanSearchFoldersForAllApps();
+        const HVAppRef app = manager.appForPath(path);
+        app->findLetters();
+        QCOMPARE(app->letters(), QByteArray("te"));
+        entry("renamed", "Writer");
+        manager.scanSearchFoldersForAllApps();
+        QCOMPARE(app->name(), QStringLiteral("Writer"));
+        QCOMPARE(app->letters(), QByteArray("w"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestListCommands)

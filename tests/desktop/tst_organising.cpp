@@ -11,6 +11,9 @@
 #include "shell/hvwindow.h"
 
 #include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
@@ -44,18 +47,21 @@ class TestOrganising : public QObject
                       "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=true\n" + more);
     }
 
-    // Right-clicks the point of the view with the real pointer; the menu that opens, as its
-    // item texts ("-" for a separator).
-    QStringList rightClick(const QPointF& point, QMenu** opened = nullptr)
+    // Right-clicks the point of the view with the real pointer (holding `key` if given); the menu
+    // that opens, as its item texts ("-" for a separator).
+    QStringList rightClick(const QPointF& point, QMenu** opened = nullptr, const QString& key = {})
     {
         const QPoint at = view()->mapToGlobal(point.toPoint());
         QMenu* menu = nullptr;
         // The first click after a menu closed by the program may only end that menu's grab.
-        for (int attempt = 0; attempt < 2 && !menu; ++attempt) {
-            if (!xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "3"}))
+        for (int attempt = 0; attempt < 3 && !menu; ++attempt) {
+            QStringList args{"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "3"};
+            if (!key.isEmpty())
+                args = QStringList{"keydown", key} + args + QStringList{"keyup", key};
+            if (!xdotool(args))
                 return {"xdotool failed"};
             const bool opened = QTest::qWaitFor(
-                [&menu] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }, 3000);
+                [&menu] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }, 5000);
             Q_UNUSED(opened);
         }
         if (!menu)
@@ -69,9 +75,32 @@ class TestOrganising : public QObject
             menu->close();
         return items;
     }
-    QStringList rightClick(const HVAppRef& target, QMenu** opened = nullptr)
+    QStringList rightClick(const HVAppRef& target, QMenu** opened = nullptr, const QString& key = {})
     {
-        return rightClick(view()->rectOfApp(target).center(), opened);
+        return rightClick(view()->rectOfApp(target).center(), opened, key);
+    }
+    void choose(const HVAppRef& target, const QString& item)
+    {
+        QMenu* menu = nullptr;
+        const QStringList items = rightClick(target, &menu);
+        QVERIFY2(items.contains(item), qPrintable(items.join(',')));
+        menu->actions().at(int(items.indexOf(item)))->trigger();
+        menu->close();
+    }
+
+    struct Run
+    {
+        int exitCode = -1;
+        QByteArray out, err;
+    };
+    // nimboctl run while the panel keeps answering the bus.
+    Run nimboctl(const QStringList& args)
+    {
+        QProcess process;
+        process.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), args);
+        if (!QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, 20000))
+            process.kill();
+        return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
     }
 
 private slots:
@@ -81,6 +110,9 @@ private slots:
         writeEntry("eyes", "Eyes");
         writeEntry("term", "Term",
                    "Actions=new-window;\n[Desktop Action new-window]\nName=New Window\nExec=true\n");
+        env.writeFile("data/applications/xlogo.desktop",
+                      "[Desktop Entry]\nType=Application\nName=Logo\nExec=xlogo\n");
+        writeEntry("notes", "Notes");              // five apps included: the grid has an empty cell
         writeEntry("fakeremover", "Fake Remover"); // installed, but opens no appstream: links
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setBool(false, "showNoUIAccessWarning");
@@ -132,22 +164,23 @@ private slots:
         }
         QVERIFY(!empty.isNull());
         QCOMPARE(rightClick(empty), QStringList{"Hide Group"});
+        // Control with the right button opens the same menu.
+        view()->setGroupToShow(HVAppGroupUser);
+        QCOMPARE(rightClick(app("eyes"), nullptr, "ctrl"),
+                 QStringList({"Move to New Group", "Remove Favorite"}) + reveal);
     }
 
     void itemsActOnTheCatalogue()
     {
+        controller->showMainWindow(); // a released Control may have put the panel away
+        QTRY_VERIFY(controller->mainWindowIsVisible());
         view()->setGroupToShow(HVAppGroupIncluded);
-        QMenu* menu = nullptr;
-        rightClick(app("clock"), &menu);
-        menu->actions().at(3)->trigger(); // Add Favorite in New Group
-        menu->close();
+        choose(app("clock"), "Add Favorite in New Group");
         QCOMPARE(manager()->userApps().size(), 2);
         QCOMPARE(manager()->userApps().at(1).first(), app("clock"));
 
         // Excluding from the included group: the icon leaves, in a puff.
-        rightClick(app("clock"), &menu);
-        menu->actions().at(0)->trigger();
-        menu->close();
+        choose(app("clock"), "Exclude");
         QVERIFY(manager()->excludedApps1D().contains(app("clock")));
         bool puffed = false;
         for (QWidget* widget : QApplication::topLevelWidgets())
@@ -155,10 +188,61 @@ private slots:
         QVERIFY(puffed);
 
         view()->setGroupToShow(HVAppGroupUser);
-        rightClick(app("clock"), &menu);
-        menu->actions().at(1)->trigger(); // Remove Favorite
-        menu->close();
+        choose(app("clock"), "Remove Favorite");
         QCOMPARE(HVAppManager::pathsFromApps(manager()->userApps1D()), QStringList{app("eyes")->path()});
+    }
+
+    void aRunningAppIsHiddenShownAndQuit()
+    {
+        QVERIFY(app("xlogo")->launchWithItems(std::nullopt));
+        QTRY_VERIFY_WITH_TIMEOUT(manager()->isAppRunning(app("xlogo")), 10000);
+        // The app's window may take the focus back when a menu closes, and the panel go.
+        const auto showRunning = [this] {
+            controller->showMainWindow();
+            QTRY_VERIFY(controller->mainWindowIsVisible());
+            view()->setGroupToShow(HVAppGroupRunning);
+        };
+        showRunning();
+        // No remover in the running group; what a running app can be asked comes last.
+        QCOMPARE(rightClick(app("xlogo")),
+                 QStringList({"Exclude", "-", "Add Favorite", "Add Favorite in New Group", "-",
+                              "Show in File Manager", "-", "Hide", "Quit"}));
+        showRunning();
+        choose(app("xlogo"), "Hide");
+        QTRY_VERIFY(!app("xlogo")->isVisible());
+        showRunning();
+        QCOMPARE(rightClick(app("xlogo")).mid(6), QStringList({"-", "Show", "Quit"}));
+        showRunning();
+        choose(app("xlogo"), "Show");
+        QTRY_VERIFY(app("xlogo")->isVisible());
+        showRunning();
+        choose(app("xlogo"), "Quit");
+        QTRY_VERIFY_WITH_TIMEOUT(!manager()->isAppRunning(app("xlogo")), 10000);
+    }
+
+    void nimboctlOrganisesTheRunningPanel()
+    {
+        QVERIFY(controller->registerBusService());
+        const QString clock = app("clock")->path();
+        Run run = nimboctl({"favourites", "add", clock, "--new-bunch"});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(manager()->userApps().last(), HVAppBunch{app("clock")}); // live, no restart
+        run = nimboctl({"favourites"});
+        QCOMPARE(QJsonDocument::fromJson(run.out).object().value("userApps1D").toArray().last().toString(),
+                 clock);
+        // A path that is no application entry changes nothing and says why.
+        QVERIFY(manager()->excludedApps1D().contains(app("clock")));
+        const QStringList excluded = HVAppManager::pathsFromApps(manager()->excludedApps1D());
+        run = nimboctl({"include", clock, env.root() + "/no/such.desktop"});
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains("not an application entry"), run.err.constData());
+        QCOMPARE(HVAppManager::pathsFromApps(manager()->excludedApps1D()), excluded);
+        QCOMPARE(nimboctl({"include", clock}).exitCode, 0);
+        QVERIFY(!manager()->excludedApps1D().contains(app("clock")));
+        QCOMPARE(nimboctl({"exclude", clock}).exitCode, 0);
+        QVERIFY(manager()->excludedApps1D().contains(app("clock")));
+        QCOMPARE(nimboctl({"favourites", "remove", clock}).exitCode, 0);
+        QVERIFY(!manager()->userApps1D().contains(app("clock")));
     }
 
     void theRemoversTwoFailuresAreToldApart()
