@@ -5,6 +5,7 @@
 #include "hvpreferenceswindow.h"
 #include "hvwindow.h"
 
+#include "catalogue/hvappmanager.h"
 #include "common/hvuserdefaults.h"
 
 HVPreferences::HVPreferences(HVController* controller, HVUserDefaults* defaults)
@@ -35,6 +36,7 @@ void HVPreferences::open()
 void HVPreferences::close()
 {
     if (isVisible()) {
+        m_window->colourSortingSheet()->hide();
         m_window->hide();
         m_defaults->synchronize();
     }
@@ -74,4 +76,9 @@ QString HVPreferences::setHotKey(int code, int modifierMask)
     }
     qWarning("%s; the hot key stays %s", qPrintable(problem), qPrintable(m_controller->hotKeyString()));
     return problem;
+}
+
+void HVPreferences::resetColorSortingOptions()
+{
+    m_controller->appManager()->resetColorSortingOptions();
 }

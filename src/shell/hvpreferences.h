@@ -27,6 +27,8 @@ public:
     // cannot be grabbed, or one without a modifier, leaves the previous hot key in place and
     // answers why in plain words; an empty answer means done.
     QString setHotKey(int code, int modifierMask);
+    // The colour sorting options back to their defaults; the catalogue re-sorts.
+    void resetColorSortingOptions();
 
 private:
     HVController* m_controller;

@@ -20,6 +20,8 @@ public:
 
     QTabWidget* tabs() const { return m_tabs; }
     HVArrayController* folders() const { return m_folders; }
+    // The colour sorting options sheet over this window, made when first asked for.
+    QDialog* colourSortingSheet();
 
 protected:
     // Some seldom-needed controls show only while Alt is held.
@@ -40,6 +42,7 @@ private:
     HVUserDefaults* m_defaults;
     QTabWidget* m_tabs;
     HVArrayController* m_folders = nullptr;
+    QDialog* m_colourSheet = nullptr;
     QList<QWidget*> m_altControls;
     QComboBox* m_hotKeyButton = nullptr;
     QList<QCheckBox*> m_modifierBoxes;

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSlider>
 
 using namespace HVDefaultsBinding;
@@ -52,6 +53,13 @@ QWidget* HVPreferencesWindow::generalTab()
     auto* opacity = named(new QSlider(Qt::Horizontal), "windowAlpha");
     bindFloatSlider(opacity, m_defaults, QStringLiteral("windowAlpha"), 0.2, 1.0, 16);
     form->addRow(tr("Panel opacity:"), opacity);
+
+    auto* colours = named(new QPushButton(tr("Colour Sorting Options…")), "openColorSortingOptions");
+    connect(colours, &QPushButton::clicked, this, [this] {
+        colourSortingSheet()->show();
+        colourSortingSheet()->raise();
+    });
+    form->addRow(tr("Colour order:"), colours);
 
     auto* atLaunch = named(new QCheckBox(tr("Show the panel when Nimbo starts")), "showWindowAtLaunch");
     bindCheckBox(atLaunch, m_defaults, QStringLiteral("showWindowAtLaunch"));

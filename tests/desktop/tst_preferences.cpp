@@ -20,6 +20,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QListView>
 #include <QProcess>
@@ -165,6 +166,28 @@ private slots:
         control<QPushButton>("removeSearchDirectory")->click();
         QVERIFY(!defaults->arrayForKey("searchDirectories").contains(QVariantMap{{"path", folder}}));
         HVNotificationCenter::defaultCenter()->removeObserver(&rescans);
+    }
+
+    void colourResetRestoresTheDefaults()
+    {
+        controller->openPrefs();
+        control<QPushButton>("openColorSortingOptions")->click();
+        QDialog* sheet = window()->colourSortingSheet();
+        QVERIFY(sheet->isVisible());
+        auto* hue = sheet->findChild<QSlider*>("colorSortWrapHue");
+        hue->setValue(180);
+        sheet->findChild<QCheckBox*>("colorSortGraysBySecondaryColor")->click();
+        QCOMPARE(defaults->doubleForKey("colorSortWrapHue"), 180.0);
+        QVERIFY(defaults->boolForKey("colorSortGraysBySecondaryColor"));
+        sheet->findChild<QPushButton*>("resetColorSortingOptions")->click();
+        for (const char* key : {"colorSortGrayThreshold", "colorSortWrapHue", "colorSortMinSaturation",
+                                "colorSortMinLuminosity", "colorSortGraysBySecondaryColor"})
+            QVERIFY2(!defaults->hasUserValue(key), key);
+        QCOMPARE(hue->value(), 0);
+        QVERIFY(!sheet->findChild<QCheckBox*>("colorSortGraysBySecondaryColor")->isChecked());
+        // The sheet goes with the window.
+        controller->closePrefs();
+        QVERIFY(!sheet->isVisible());
     }
 
     void hotKeyWithoutModifiersIsRefused()
