@@ -2,6 +2,7 @@
 
 #include "firstpaintprobe.h"
 #include "hvpreferences.h"
+#include "hvstatusitem.h"
 #include "hvstatusmenu.h"
 #include "hvwindow.h"
 #include "modifiermonitor.h"
@@ -18,6 +19,7 @@
 #include "platform/desktopsession.h"
 #include "platform/gioentryreader.h"
 #include "platform/globalhotkey.h"
+#include "platform/launcherentry.h"
 #include "platform/nimbobus.h"
 #include "platform/panelwindowhints.h"
 
@@ -84,6 +86,7 @@ HVController::~HVController()
         HVKeyPathObserving::unregisterHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
         HVNotificationCenter::defaultCenter()->removeObserver(this);
     }
+    delete m_statusItem; // before the menu it carries
     delete m_statusMenu;
     delete m_mainWindow;
     m_appManager->setRunningAppsSource(nullptr); // the session's tracker goes first
@@ -139,6 +142,7 @@ void HVController::awakeFromNib()
     center->addButFirstRemoveObserver(this, "showProgressStep", HVNotificationNames::ShowProgressStep);
     m_observing = true;
     registerHotKey();
+    updateStatusBar();
 }
 
 void HVController::applicationWillFinishLaunching()
@@ -151,6 +155,7 @@ void HVController::applicationWillFinishLaunching()
 void HVController::applicationDidFinishLaunching()
 {
     m_finishedLaunching = true;
+    readStartAtLogin(); // the autostart entry may have been edited or removed while Nimbo was away
     // The catalogue is read before the panel opens: the fade-in holds the main thread, and the
     // panel would otherwise open empty and small, then jump to its size once the lists are in.
     rescanAllApps(false);
@@ -286,11 +291,6 @@ void HVController::modifierKeysChanged(const HVNotification&)
     // The preferences sheet reveals its hidden controls while Option is held; it has none yet.
 }
 
-void HVController::showProgressStep(const HVNotification&)
-{
-    // Progress is drawn by the icon view and the taskbar entry's launcher progress.
-}
-
 void HVController::observe_showIconInDock(const QVariantMap& change)
 {
     m_runningDockless = !change.value(HVKeyValueChange::NewKey).toBool();
@@ -300,6 +300,7 @@ void HVController::observe_showIconInDock(const QVariantMap& change)
 
 void HVController::observe_showAppInStatusBar(const QVariantMap&)
 {
+    updateStatusBar();
     alertIfNoMouseAccess();
 }
 
@@ -310,6 +311,7 @@ void HVController::updateTaskbarPresence()
 
 void HVController::openPrefs()
 {
+    readStartAtLogin(); // the window shows the autostart entry as it really is
     m_preferences->open();
 }
 

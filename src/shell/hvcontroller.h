@@ -1,7 +1,8 @@
 // The application's controller: it owns the catalogue, the panel with its icon view and the
 // triggers (hot key, session bus), starts them in order, and decides when the panel shows and
 // hides. Implemented in hvcontroller.cpp (start-up, preferences, application events),
-// hvcontroller_panel.cpp (showing and hiding) and hvcontroller_hotkey.cpp (hot key, access).
+// hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp (hot key, access) and
+// hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar progress).
 #pragma once
 
 #include "common/hvkeypathobservers.h"
@@ -15,9 +16,11 @@
 
 class DesktopSession;
 class GlobalHotKey;
+class LauncherEntry;
 class HVAppManager;
 class HVIconView;
 class HVPreferences;
+class HVStatusItem;
 class HVStatusMenu;
 class HVUserDefaults;
 class HVWindow;
@@ -50,7 +53,8 @@ public:
     HVUserDefaults* userDefaults() const { return m_defaults; }
     bool isFinishedLaunching() const { return m_finishedLaunching; }
     bool isAppRunningDockless() const { return m_runningDockless; }
-    bool hasStatusItem() const { return false; }
+    bool hasStatusItem() const { return m_statusItem != nullptr; }
+    HVStatusItem* statusItem() const { return m_statusItem; }
 
     // Showing and hiding the panel.
     bool mainWindowIsVisible() const;
@@ -97,6 +101,14 @@ public:
     Q_INVOKABLE void observe_showIconInDock(const QVariantMap& change);
     Q_INVOKABLE void observe_showAppInStatusBar(const QVariantMap& change);
 
+    // Launch at login (hvcontroller_triggers.cpp): the preference mirrors the autostart entry.
+    Q_INVOKABLE void observe_startAtLogin(const QVariantMap& change);
+    // Copies the autostart entry's real state into "startAtLogin" (as the preferences open).
+    void readStartAtLogin();
+    // The tray item, rebuilt from "showAppInStatusBar" and "statusBarTogglesWindow".
+    void updateStatusBar();
+    Q_INVOKABLE void observe_statusBarTogglesWindow(const QVariantMap& change);
+
 signals:
     // An alert the user must read; emitted instead of showing a dialog when nobody can answer.
     void alertShown(const QString& message, const QString& informativeText);
@@ -118,6 +130,9 @@ private:
     NimboBusService* m_bus;
     HVStatusMenu* m_statusMenu;
     HVPreferences* m_preferences;
+    HVStatusItem* m_statusItem = nullptr;
+    std::unique_ptr<LauncherEntry> m_launcherEntry;
+    bool m_saidNoTrayHost = false;
     QTimer* m_windowCloseTimer = nullptr;
     QDateTime m_didBecomeActiveDate;
     QElapsedTimer m_panelShownAt;

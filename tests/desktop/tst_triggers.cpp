@@ -1,0 +1,276 @@
+// The ways Nimbo is reached besides the hot key, with a running controller on a real X server
+// and session bus: the tray item as a desktop's tray host meets it (through a StatusNotifierWatcher
+// of the test's own), the taskbar entry's progress signals, and launch at login.
+#include "support/testenvironment.h"
+
+#include "common/hvuserdefaults.h"
+#include "platform/launchatlogin.h"
+#include "shell/hvcontroller.h"
+
+#include <QApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusInterface>
+#include <QDBusPendingCall>
+#include <QDBusReply>
+#include <QDBusVariant>
+#include <QDir>
+#include <QFile>
+#include <QThread>
+#include <QtTest>
+
+namespace {
+const QString WatcherConnection = QStringLiteral("test-watcher");
+
+// The part of a desktop's tray host that items talk to. It lives on a connection and thread of
+// its own, so Nimbo's blocking calls to it are answered while the test's main thread waits.
+class StatusNotifierWatcher : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+    Q_PROPERTY(QStringList RegisteredStatusNotifierItems READ items)
+    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hostRegistered)
+    Q_PROPERTY(int ProtocolVersion READ protocolVersion)
+public:
+    QStringList items() const
+    {
+        QMutexLocker lock(&m_mutex);
+        return m_items;
+    }
+    bool hostRegistered() const { return true; }
+    int protocolVersion() const { return 0; }
+
+public slots:
+    void RegisterStatusNotifierItem(const QString& service)
+    {
+        QMutexLocker lock(&m_mutex);
+        m_items.append(service);
+    }
+    void RegisterStatusNotifierHost(const QString&) {}
+
+private:
+    mutable QMutex m_mutex;
+    QStringList m_items;
+};
+
+// One entry of a com.canonical.dbusmenu layout: (id, properties, children).
+struct MenuNode
+{
+    int id = 0;
+    QVariantMap properties;
+    QList<MenuNode> children;
+};
+
+MenuNode readMenuNode(const QDBusArgument& argument)
+{
+    MenuNode node;
+    QVariantList children;
+    argument.beginStructure();
+    argument >> node.id >> node.properties >> children;
+    argument.endStructure();
+    for (const QVariant& child : children)
+        node.children.append(readMenuNode(child.value<QDBusArgument>()));
+    return node;
+}
+
+// Waits for a D-Bus call while the main thread keeps serving Nimbo's side of it.
+QDBusMessage await(const QDBusPendingCall& call)
+{
+    QDBusPendingCall pending = call;
+    if (!QTest::qWaitFor([&] { return pending.isFinished(); }, 10000))
+        qWarning() << "No answer on the bus";
+    return pending.reply();
+}
+} // namespace
+
+class TestTriggers : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    std::unique_ptr<HVUserDefaults> defaults;
+    std::unique_ptr<HVController> controller;
+    QThread watcherThread;
+    StatusNotifierWatcher* watcher = new StatusNotifierWatcher;
+    QString item; // the tray item's bus name
+    QList<QVariantList> launcherUpdates;
+    int newIcons = 0;
+
+    QDBusConnection bus() const { return QDBusConnection(WatcherConnection); }
+    QDBusPendingCall callItem(const QString& path, const QString& interface, const QString& method,
+                              const QVariantList& args)
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(item, path, interface, method);
+        message.setArguments(args);
+        return bus().asyncCall(message);
+    }
+    // Where the item says its menu is.
+    QString menuPath()
+    {
+        const QDBusMessage reply =
+            await(callItem("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
+                           {QString("org.kde.StatusNotifierItem"), QString("Menu")}));
+        if (reply.arguments().isEmpty())
+            return {};
+        return qvariant_cast<QDBusVariant>(reply.arguments().first())
+            .variant()
+            .value<QDBusObjectPath>()
+            .path();
+    }
+    QList<MenuNode> exportedMenu()
+    {
+        const QDBusMessage reply =
+            await(callItem(menuPath(), "com.canonical.dbusmenu", "GetLayout", {0, -1, QStringList()}));
+        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 2)
+            return {};
+        return readMenuNode(reply.arguments().at(1).value<QDBusArgument>()).children;
+    }
+
+    QString autostart() const { return env.configHome() + "/autostart/com.halvorndesign.Nimbo.desktop"; }
+    QByteArray autostartText() const
+    {
+        QFile file(autostart());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+public slots:
+    void launcherUpdated(const QString& app, const QVariantMap& properties)
+    {
+        launcherUpdates.append({app, properties});
+    }
+    void iconChanged() { ++newIcons; }
+
+private slots:
+    void initTestCase()
+    {
+        // The tray host is there before Nimbo starts, as on a desktop that has one.
+        QDBusConnection watcherBus =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, WatcherConnection);
+        watcher->moveToThread(&watcherThread);
+        connect(&watcherThread, &QThread::finished, watcher, &QObject::deleteLater);
+        watcherThread.start();
+        QVERIFY(watcherBus.registerObject("/StatusNotifierWatcher", watcher,
+                                          QDBusConnection::ExportAllSlots |
+                                              QDBusConnection::ExportAllProperties));
+        QVERIFY(watcherBus.registerService("org.kde.StatusNotifierWatcher"));
+        QVERIFY(watcherBus.connect({}, {}, "com.canonical.Unity.LauncherEntry", "Update", this,
+                                   SLOT(launcherUpdated(QString, QVariantMap))));
+
+        env.writeFile("data/applications/clock.desktop",
+                      "[Desktop Entry]\nType=Application\nName=Clock\nExec=xclock\n");
+        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        defaults->setBool(false, "showWindowAtLaunch");
+        controller = std::make_unique<HVController>(defaults.get());
+        controller->awakeFromNib();
+        controller->applicationWillFinishLaunching();
+        controller->applicationDidFinishLaunching();
+    }
+
+    void cleanupTestCase()
+    {
+        controller.reset();
+        watcherThread.quit();
+        watcherThread.wait();
+    }
+
+    void theTrayItemRegistersAndAClickTogglesThePanel()
+    {
+        QVERIFY(controller->hasStatusItem());
+        QTRY_COMPARE(watcher->items().size(), 1);
+        item = watcher->items().first();
+        QVERIFY(bus().connect(item, "/StatusNotifierItem", "org.kde.StatusNotifierItem", "NewIcon", this,
+                              SLOT(iconChanged())));
+        QVERIFY(!controller->mainWindowIsVisible());
+        for (const bool visible : {true, false}) {
+            QCOMPARE(await(callItem("/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate", {0, 0}))
+                         .type(),
+                     QDBusMessage::ReplyMessage);
+            QTRY_COMPARE(controller->mainWindowIsVisible(), visible);
+        }
+    }
+
+    void theExportedMenuRescansAndTheIconShowsTheProgress()
+    {
+        // The shared status menu's items, in order, as the tray host shows them.
+        QStringList labels;
+        int rescan = -1;
+        for (const MenuNode& node : exportedMenu()) {
+            labels << node.properties.value("label").toString();
+            if (labels.last() == "Rescan Applications")
+                rescan = node.id;
+        }
+        labels.removeAll(QString()); // separators
+        QCOMPARE(labels.first(), "Show Nimbo");
+        QVERIFY2(labels.indexOf("Rescan Applications") > 0, qPrintable(labels.join(", ")));
+        QCOMPARE(labels.last(), "Quit Nimbo");
+
+        // Choosing the rescan there runs a scan: the tray image and the taskbar entry follow it.
+        newIcons = 0;
+        launcherUpdates.clear();
+        await(callItem(menuPath(), "com.canonical.dbusmenu", "Event",
+                       {rescan, QString("clicked"), QVariant::fromValue(QDBusVariant(0)), 0u}));
+        QTRY_VERIFY(!launcherUpdates.isEmpty() &&
+                    !launcherUpdates.last().at(1).toMap().value("progress-visible").toBool());
+        QTRY_VERIFY(newIcons >= 2); // the progress image, then the normal one again
+        const QVariantMap during = launcherUpdates.first().at(1).toMap();
+        QCOMPARE(launcherUpdates.first().at(0).toString(), "application://com.halvorndesign.Nimbo.desktop");
+        QVERIFY(during.value("progress-visible").toBool());
+        QVERIFY(during.value("progress").toDouble() >= 0 && during.value("progress").toDouble() <= 1);
+    }
+
+    void turningTheTrayOffRemovesTheItem()
+    {
+        defaults->setBool(false, "showAppInStatusBar");
+        QVERIFY(!controller->hasStatusItem());
+        defaults->setBool(true, "showAppInStatusBar");
+        QVERIFY(controller->hasStatusItem());
+    }
+
+    void launchAtLoginFollowsThePreferenceAndTheFile()
+    {
+        const QString self = QCoreApplication::applicationFilePath();
+        // Turning it on writes an entry that starts this very program.
+        defaults->setBool(true, "startAtLogin");
+        QVERIFY(autostartText().contains("\nExec=" + self.toUtf8() + "\n"));
+        QVERIFY(LaunchAtLogin().launchAtLogin());
+        const QDateTime written = QFileInfo(autostart()).lastModified();
+        QVERIFY(LaunchAtLogin().setLaunchAtLogin(true)); // enabling twice writes once
+        QCOMPARE(QFileInfo(autostart()).lastModified(), written);
+
+        // Entries that do not start this program at login read as off when the preferences open.
+        const QList<QPair<const char*, QByteArray>> notOurs = {
+            {"hidden", "[Desktop Entry]\nType=Application\nExec=" + self.toUtf8() + "\nHidden=true\n"},
+            {"another copy", "[Desktop Entry]\nType=Application\nExec=/opt/other/nimbo\n"},
+            {"no Exec", "[Desktop Entry]\nType=Application\nName=Nimbo\n"},
+        };
+        for (const auto& [what, text] : notOurs) {
+            env.writeFile("config/autostart/com.halvorndesign.Nimbo.desktop", text);
+            controller->readStartAtLogin();
+            QVERIFY2(!defaults->boolForKey("startAtLogin"), what);
+            defaults->setBool(true, "startAtLogin"); // turning it on again replaces the entry
+            QVERIFY2(LaunchAtLogin().launchAtLogin(), what);
+            QVERIFY2(!autostartText().contains("Hidden=true"), what);
+        }
+
+        // Turning it off removes the entry; a program path with spaces survives the quoting.
+        defaults->setBool(false, "startAtLogin");
+        QVERIFY(!QFile::exists(autostart()));
+        LaunchAtLogin spaced(env.writeFile("my apps/nimbo", "#!/bin/sh\n"));
+        QVERIFY(spaced.setLaunchAtLogin(true));
+        QVERIFY(spaced.launchAtLogin());
+        QVERIFY(!LaunchAtLogin().launchAtLogin());
+        QVERIFY(LaunchAtLogin().setLaunchAtLogin(false)); // not ours: left alone
+        QVERIFY(QFile::exists(autostart()));
+        QVERIFY(spaced.setLaunchAtLogin(false));
+
+        // An entry that is a folder is said in the log and leaves the preference off.
+        QDir().mkpath(autostart());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("autostart entry.*folder"));
+        defaults->setBool(true, "startAtLogin");
+        QVERIFY(!defaults->boolForKey("startAtLogin"));
+        QVERIFY(QFileInfo(autostart()).isDir());
+        QDir(autostart()).removeRecursively();
+    }
+};
+
+QTEST_MAIN(TestTriggers)
+#include "tst_triggers.moc"
