@@ -4,6 +4,7 @@
 #include "hvgeometry.h"
 #include "hvpanelcontrols.h"
 #include "hvpanelscreen.h"
+#include "hvresizefade.h"
 
 #include "browser/hviconoverlayview.h"
 #include "browser/hviconview.h"
@@ -52,6 +53,7 @@ HVWindow::HVWindow(HVIconView* iconView, HVUserDefaults* defaults, QWidget* pare
     m_overlay = new HVIconOverlayView(m_iconView, m_defaults, this);
     m_overlay->raise();
     m_controls = new HVPanelControls(this, m_iconView, m_defaults);
+    m_resizeFade = new HVResizeFade(m_iconView, m_overlay, this);
     connect(m_controls, &HVPanelControls::closeClicked, this, &HVWindow::closeRequested);
     connect(m_controls, &HVPanelControls::menuRequested, this, &HVWindow::menuRequested);
 
@@ -137,9 +139,16 @@ void HVWindow::subviewDidResize(const HVNotification&)
     }
     auto* center = HVNotificationCenter::defaultCenter();
     center->postNotificationName(HVNotificationNames::WindowWillResize, QVariant::fromValue<QObject*>(this));
-    m_iconView->resize(content.toSize());
-    applyFrame(frame);
-    center->postNotificationName(HVNotificationNames::WindowDidResize, QVariant::fromValue<QObject*>(this));
+    auto apply = [this, content, frame] {
+        m_iconView->resize(content.toSize());
+        applyFrame(frame);
+        HVNotificationCenter::defaultCenter()->postNotificationName(HVNotificationNames::WindowDidResize,
+                                                                    QVariant::fromValue<QObject*>(this));
+    };
+    if (m_useAnimation && isPanelVisible() && QRectF(geometry()) != frame)
+        m_resizeFade->run(animationResizeTime(frame), apply);
+    else
+        apply();
 }
 
 void HVWindow::applyFrame(const QRectF& frame)

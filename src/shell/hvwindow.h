@@ -12,6 +12,7 @@
 class HVBkgndView;
 class HVIconOverlayView;
 class HVPanelControls;
+class HVResizeFade;
 class HVIconView;
 class HVUserDefaults;
 
@@ -35,6 +36,7 @@ public:
     HVIconView* iconView() const { return m_iconView; }
     HVIconOverlayView* overlayView() const { return m_overlay; }
     HVPanelControls* controls() const { return m_controls; }
+    HVResizeFade* resizeFade() const { return m_resizeFade; }
 
     void showPanel();
     void hidePanel();
@@ -83,6 +85,7 @@ private:
     HVBkgndView* m_background;
     HVIconOverlayView* m_overlay;
     HVPanelControls* m_controls;
+    HVResizeFade* m_resizeFade;
     QRectF m_movedFrame;
     bool m_isNonActivating = false;
     bool m_useAnimation = false;
