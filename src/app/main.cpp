@@ -10,6 +10,9 @@
 
 int main(int argc, char* argv[])
 {
+    // On a Wayland desktop Nimbo is a Wayland client (falling back to X11 when it cannot be).
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "wayland;xcb");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Nimbo"));
     QApplication::setDesktopFileName(QStringLiteral("com.halvorndesign.Nimbo"));

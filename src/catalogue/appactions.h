@@ -29,6 +29,9 @@ public:
     virtual bool canAcceptURL(const HVApp& app, const QUrl& item) const = 0;
     virtual bool prefersURL(const HVApp& app, const QUrl& item) const = 0;
 
+    // Whether show, hide and the windows' order can be asked of other applications' windows
+    // (not on Wayland, which gives no client the windows of others): menus leave them out if not.
+    virtual bool canControlWindows() const { return true; }
     // Whether an application of that desktop ID ("org.gnome.Software.desktop") is installed.
     virtual bool isApplicationInstalled(const QString& desktopId) const
     {

@@ -195,6 +195,11 @@ bool DesktopAppActions::prefersURL(const HVApp& app, const QUrl& item) const
     return m_mime.prefers(app.path(), item);
 }
 
+bool DesktopAppActions::canControlWindows() const
+{
+    return m_windows && m_windows->isTracking();
+}
+
 bool DesktopAppActions::isApplicationInstalled(const QString& desktopId) const
 {
     GDesktopAppInfo* info = g_desktop_app_info_new(desktopId.toUtf8().constData());

@@ -45,6 +45,7 @@ public:
     bool sendForDeletion(const HVApp& app, const QString& removerIdentifier) override;
     bool canAcceptURL(const HVApp& app, const QUrl& item) const override;
     bool prefersURL(const HVApp& app, const QUrl& item) const override;
+    bool canControlWindows() const override;
     bool isApplicationInstalled(const QString& desktopId) const override;
     QList<QPair<QString, QString>> entryActions(const HVApp& app) const override;
     bool launchEntryAction(const HVApp& app, const QString& action) override;

@@ -22,6 +22,11 @@ std::unique_ptr<X11Connection> X11Connection::open()
         std::unique_ptr<X11Connection> connection(new X11Connection(shared, screen, false));
         return connection->initialise() ? std::move(connection) : nullptr;
     }
+    if (qGuiApp && QGuiApplication::platformName() == QLatin1String("wayland")) {
+        qInfo("Wayland session: other applications' windows can be neither tracked nor shown, hidden or "
+              "closed");
+        return nullptr;
+    }
     if (qEnvironmentVariableIsEmpty("DISPLAY")) {
         qInfo("No X display: running applications are not tracked");
         return nullptr;

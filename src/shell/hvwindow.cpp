@@ -5,6 +5,7 @@
 #include "hvpanelcontrols.h"
 #include "hvpanelscreen.h"
 #include "hvresizefade.h"
+#include "panelalpha.h"
 
 #include "browser/hviconoverlayview.h"
 #include "browser/hviconview.h"
@@ -46,6 +47,7 @@ HVWindow::HVWindow(HVIconView* iconView, HVUserDefaults* defaults, QWidget* pare
         setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::StrongFocus);
 
+    m_alpha = new PanelAlpha(this);
     m_background = new HVBkgndView(this);
     m_iconView->setParent(this);
     m_iconView->move(LeftMargin, TopMargin);
@@ -234,13 +236,13 @@ void HVWindow::showPanel()
     if (group == -1)
         group = 1;
     m_iconView->setGroupToShow(group);
-    if (!isVisible() || windowOpacity() < 0.01) {
+    if (!isVisible() || m_alpha->opacity() < 0.01) {
         if (HVPanelScreen::moveOnto(this, HVPanelScreen::screenToOpenOn(*m_defaults)))
             m_iconView->resizeViewForced(false); // the new screen bounds the grid
         centerExactly();
     }
     if (!isVisible()) {
-        setWindowOpacity(0.0);
+        m_alpha->setOpacity(0.0);
         show();
     }
     // The focus is asked for before the fade: the toolkit still counts the application active

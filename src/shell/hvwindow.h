@@ -15,6 +15,7 @@ class HVPanelControls;
 class HVResizeFade;
 class HVIconView;
 class HVUserDefaults;
+class PanelAlpha;
 
 class HVWindow : public QWidget
 {
@@ -62,6 +63,8 @@ public:
     void fadeInOver(double seconds);
     void fadeOutOver(double seconds);
     void slideFrameTo(const QRectF& frame, double seconds);
+    // The panel's opacity: the window's, or the alpha it paints where windows have none.
+    double panelOpacity() const;
 
 signals:
     // Escape, Ctrl+W or Ctrl+period when the view did not want the key: the user dismisses the panel.
@@ -82,6 +85,7 @@ private:
 
     HVUserDefaults* m_defaults;
     HVIconView* m_iconView;
+    PanelAlpha* m_alpha;
     HVBkgndView* m_background;
     HVIconOverlayView* m_overlay;
     HVPanelControls* m_controls;

@@ -5,6 +5,8 @@
 // returns at once and leaves the window to the newer one.
 #include "hvwindow.h"
 
+#include "panelalpha.h"
+
 #include <QEventLoop>
 #include <QPropertyAnimation>
 
@@ -28,34 +30,34 @@ bool runBlocking(QPropertyAnimation& animation)
 void HVWindow::fadeInOver(double seconds)
 {
     if (!isVisible()) {
-        setWindowOpacity(0.0);
+        m_alpha->setOpacity(0.0);
         show();
     }
-    if (windowOpacity() < 1.0) {
-        QPropertyAnimation fade(this, "windowOpacity");
+    if (m_alpha->opacity() < 1.0) {
+        QPropertyAnimation fade(m_alpha, "opacity");
         fade.setDuration(int(seconds * 1000));
-        fade.setStartValue(windowOpacity());
+        fade.setStartValue(m_alpha->opacity());
         fade.setEndValue(1.0);
         fade.setEasingCurve(QEasingCurve::InQuad);
         if (!runBlocking(fade))
             return;
     }
-    setWindowOpacity(1.0);
+    m_alpha->setOpacity(1.0);
 }
 
 void HVWindow::fadeOutOver(double seconds)
 {
-    if (isVisible() && windowOpacity() > 0.0) {
-        QPropertyAnimation fade(this, "windowOpacity");
+    if (isVisible() && m_alpha->opacity() > 0.0) {
+        QPropertyAnimation fade(m_alpha, "opacity");
         fade.setDuration(int(seconds * 1000));
-        fade.setStartValue(windowOpacity());
+        fade.setStartValue(m_alpha->opacity());
         fade.setEndValue(0.0);
         fade.setEasingCurve(QEasingCurve::OutQuad);
         if (!runBlocking(fade))
             return; // shown again meanwhile
     }
     hide();
-    setWindowOpacity(1.0); // ready for the next showing
+    m_alpha->setOpacity(1.0); // ready for the next showing
 }
 
 void HVWindow::slideFrameTo(const QRectF& frame, double seconds)
@@ -70,4 +72,9 @@ void HVWindow::slideFrameTo(const QRectF& frame, double seconds)
     slide.setEndValue(frame.toRect());
     slide.setEasingCurve(QEasingCurve::InOutQuad);
     runBlocking(slide);
+}
+
+double HVWindow::panelOpacity() const
+{
+    return m_alpha->opacity();
 }
