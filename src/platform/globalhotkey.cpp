@@ -1,5 +1,7 @@
 #include "globalhotkey.h"
 
+#include "portalshortcut.h"
+
 #include <QGuiApplication>
 
 #include <X11/Xlib.h>
@@ -53,6 +55,15 @@ bool GlobalHotKey::registerHotKey(const QString& keysym, int modifierMask)
 {
     unregisterHotKey();
     xcb_connection_t* c = connection();
+    if (!c && QGuiApplication::platformName() == QLatin1String("wayland")) {
+        // No client grabs keys on Wayland: the desktop portal binds the shortcut instead.
+        if (!m_portal) {
+            m_portal = new PortalShortcut(this);
+            connect(m_portal, &PortalShortcut::activated, this, &GlobalHotKey::pressed);
+        }
+        m_portal->bind(PortalShortcut::triggerFor(keysym, modifierMask));
+        return true;
+    }
     if (!c) {
         qWarning("No X display: the hot key is not available (bind \"nimboctl toggle\" in the desktop's "
                  "settings)");
@@ -90,6 +101,8 @@ bool GlobalHotKey::registerHotKey(const QString& keysym, int modifierMask)
 
 void GlobalHotKey::unregisterHotKey()
 {
+    if (m_portal)
+        m_portal->close();
     xcb_connection_t* c = connection();
     if (c && m_keycode) {
         for (quint16 lock : lockVariants)

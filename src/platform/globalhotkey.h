@@ -1,9 +1,12 @@
 // A system-wide hot key: a key (named by its X keysym) with modifiers, reported wherever the
-// focus is. On X11 it is a key grab on the root window; elsewhere it does nothing.
+// focus is. On X11 it is a key grab on the root window; on Wayland a shortcut bound through the
+// desktop portal (PortalShortcut); elsewhere it does nothing.
 #pragma once
 
 #include <QAbstractNativeEventFilter>
 #include <QObject>
+
+class PortalShortcut;
 
 class GlobalHotKey : public QObject, public QAbstractNativeEventFilter
 {
@@ -26,6 +29,7 @@ signals:
     void pressed();
 
 private:
+    PortalShortcut* m_portal = nullptr;
     quint8 m_keycode = 0;
     quint16 m_modifiers = 0;
 };

@@ -1,0 +1,239 @@
+// The panel on a Wayland compositor, as a user meets it there: nimboctl shows it, typed letters
+// (real keys, through the compositor's keyboard) filter it, Return launches the match, another
+// window taking the focus hides it; every fade ends opaque or hidden, and nothing asks the
+// compositor for window opacity it does not have. The hot key is a shortcut bound through a
+// desktop portal: here a small portal of the test's own on the private session bus.
+#include "support/testenvironment.h"
+
+#include "browser/hviconview.h"
+#include "catalogue/hvappmanager.h"
+#include "common/hvuserdefaults.h"
+#include "platform/desktopappactions.h"
+#include "shell/hvcontroller.h"
+#include "shell/hvwindow.h"
+
+#include <QApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVirtualObject>
+#include <QFile>
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
+QStringList g_messages;
+
+void collect(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+    g_messages << message;
+    fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+struct Shortcut
+{
+    QString id;
+    QVariantMap properties;
+};
+QDBusArgument& operator<<(QDBusArgument& a, const Shortcut& s)
+{
+    a.beginStructure();
+    a << s.id << s.properties;
+    a.endStructure();
+    return a;
+}
+const QDBusArgument& operator>>(const QDBusArgument& a, Shortcut& s)
+{
+    a.beginStructure();
+    a >> s.id >> s.properties;
+    a.endStructure();
+    return a;
+}
+} // namespace
+Q_DECLARE_METATYPE(Shortcut)
+namespace {
+
+// The desktop portal's GlobalShortcuts, on a bus connection of its own: it opens sessions,
+// binds what it is asked to with the preferred trigger, and reports activations when told.
+class TestPortal : public QDBusVirtualObject
+{
+public:
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "testportal");
+    QString session;
+    QList<Shortcut> bound;
+
+    TestPortal()
+    {
+        qDBusRegisterMetaType<Shortcut>();
+        qDBusRegisterMetaType<QList<Shortcut>>();
+        bus.registerVirtualObject("/org/freedesktop/portal/desktop", this, QDBusConnection::SubPath);
+        bus.registerService("org.freedesktop.portal.Desktop");
+    }
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
+    {
+        const QString sender = message.service().mid(1).replace('.', '_');
+        const QString member = message.member();
+        if (member == "Close") {
+            session.clear();
+            bus.send(message.createReply());
+            return true;
+        }
+        const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().constLast());
+        const QString request = "/org/freedesktop/portal/desktop/request/" + sender + "/" +
+                                options.value("handle_token").toString();
+        QVariantMap results;
+        if (member == "CreateSession") {
+            session = "/org/freedesktop/portal/desktop/session/" + sender + "/" +
+                      options.value("session_handle_token").toString();
+            results["session_handle"] = session;
+        } else if (member == "BindShortcuts") {
+            bound = qdbus_cast<QList<Shortcut>>(message.arguments().at(1));
+            QList<Shortcut> answer = bound;
+            for (Shortcut& shortcut : answer)
+                shortcut.properties = {
+                    {"trigger_description", shortcut.properties.value("preferred_trigger")}};
+            results["shortcuts"] = QVariant::fromValue(answer);
+        } else {
+            return false;
+        }
+        bus.send(message.createReply(QVariant::fromValue(QDBusObjectPath(request))));
+        QDBusMessage response =
+            QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
+        response << 0u << results;
+        bus.send(response);
+        return true;
+    }
+    void activate(const QString& id)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(
+            "/org/freedesktop/portal/desktop", "org.freedesktop.portal.GlobalShortcuts", "Activated");
+        signal << QVariant::fromValue(QDBusObjectPath(session)) << id << qulonglong(0) << QVariantMap();
+        bus.send(signal);
+    }
+};
+
+bool xdotool(const QStringList& args)
+{
+    return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
+}
+} // namespace
+
+class TestWaylandPanel : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    TestPortal portal;
+    std::unique_ptr<HVUserDefaults> defaults;
+    std::unique_ptr<HVController> controller;
+
+    HVWindow* panel() { return controller->mainWindow(); }
+
+    void toggle()
+    {
+        QProcess nimboctl;
+        nimboctl.start(Bin + "nimboctl", {"toggle"});
+        QVERIFY(nimboctl.waitForStarted());
+        // The call is answered by this process: the event loop runs while nimboctl waits.
+        QTRY_COMPARE(nimboctl.state(), QProcess::NotRunning);
+        QCOMPARE(nimboctl.exitCode(), 0);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QCOMPARE(QGuiApplication::platformName(), QStringLiteral("wayland"));
+        qInstallMessageHandler(collect);
+        for (const char* name : {"alpha", "beta", "gamma"})
+            env.writeFile(
+                QStringLiteral("data/applications/%1.desktop").arg(name),
+                QStringLiteral("[Desktop Entry]\nType=Application\nName=%1\nExec=touch %2/launched-%1\n")
+                    .arg(name, env.root())
+                    .toUtf8());
+        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        controller = std::make_unique<HVController>(defaults.get());
+        QVERIFY(controller->registerBusService());
+        controller->awakeFromNib();
+        controller->applicationWillFinishLaunching();
+        controller->applicationDidFinishLaunching();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+    }
+
+    void nimboctlHidesAndShowsThePanel()
+    {
+        toggle();
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+        toggle();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QCOMPARE(panel()->panelOpacity(), 1.0);
+        QTRY_VERIFY(panel()->isActiveWindow());
+    }
+
+    void theHotKeyIsBoundThroughThePortalAndToggles()
+    {
+        QTRY_COMPARE(portal.bound.size(), 1);
+        QCOMPARE(portal.bound[0].properties.value("preferred_trigger").toString(),
+                 QStringLiteral("CTRL+Tab"));
+        QVERIFY(!portal.session.isEmpty());
+        portal.activate("toggle");
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+        portal.activate("another");
+        QTest::qWait(300);
+        QVERIFY(!controller->mainWindowIsVisible());
+        portal.activate("toggle");
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+    }
+
+    void typingFiltersAndReturnLaunches()
+    {
+        QVERIFY(xdotool({"type", "--delay", "60", "bet"}));
+        QTRY_COMPARE(controller->iconView()->filterSubstring(), QStringLiteral("bet"));
+        QVERIFY(xdotool({"key", "Return"}));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(env.root() + "/launched-beta"), 10000);
+        QVERIFY(!QFile::exists(env.root() + "/launched-alpha"));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+    }
+
+    void anotherWindowTakingTheFocusHidesThePanel()
+    {
+        toggle();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+        QProcess other;
+        other.start("weston-terminal");
+        QVERIFY(other.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(!controller->mainWindowIsVisible(), 10000);
+        other.kill();
+        other.waitForFinished();
+    }
+
+    void windowsOfOtherApplicationsAreNotControlled()
+    {
+        // Wayland gives no client the windows of others: the menus leave out what would need them.
+        auto launched = std::make_shared<LaunchedProcesses>();
+        DesktopAppActions actions(std::make_shared<X11RunningApps>(launched), launched, {});
+        QVERIFY(!actions.canControlWindows());
+    }
+
+    void noFadeAskedForWindowOpacity()
+    {
+        // Shown and hidden a few times more, each fade ending where it should.
+        for (int i = 0; i < 3; ++i) {
+            controller->showHideMainWindow();
+            QTRY_VERIFY(controller->mainWindowIsVisible());
+            QCOMPARE(panel()->panelOpacity(), 1.0);
+            controller->explicitHideMainWindow();
+            QVERIFY(!controller->mainWindowIsVisible());
+        }
+        for (const QString& message : std::as_const(g_messages))
+            QVERIFY2(!message.contains("opacity", Qt::CaseInsensitive) || message.contains("paints its own"),
+                     qPrintable(message));
+    }
+};
+
+QTEST_MAIN(TestWaylandPanel)
+#include "tst_waylandpanel.moc"
