@@ -2,6 +2,7 @@
 // catalogue and the notification centre.
 #include "hviconview.h"
 #include "hviconviewaccessible.h"
+#include "hviconviewdrag.h"
 
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
@@ -52,6 +53,8 @@ HVIconView::HVIconView(HVAppManager* manager, HVUserDefaults* defaults, QWidget*
     Q_UNUSED(accessible);
     initialize(m_defaults);
     setMouseTracking(true);
+    m_dragger = new HVIconViewDrag(this);
+    setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Applications"));
     setAutoFillBackground(false);

@@ -31,6 +31,7 @@
 #include <optional>
 
 class HVAppManager;
+class HVIconViewDrag;
 class HVUserDefaults;
 class QTimer;
 
@@ -84,6 +85,7 @@ public:
     // Set by drag and drop while a drag is over the view.
     void setDragState(const HVIconDragState& state);
     const HVIconDragState& dragState() const { return m_drag; }
+    HVIconViewDrag* dragController() const { return m_dragger; }
     Q_INVOKABLE void updateAppIcon(const HVNotification& notification);
     Q_INVOKABLE void showProgressStep(const HVNotification& notification);
 
@@ -153,6 +155,11 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    // Drag and drop (hviconviewdrag.cpp does the work).
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     // Keyboard selection (hviconview_navigation.cpp).
@@ -233,6 +240,7 @@ private:
     QString m_scanningStep;
     QString m_scanningLabel;
     HVIconDragState m_drag;
+    HVIconViewDrag* m_dragger = nullptr;
     QSet<const HVApp*> m_droppableApps; // of m_drag, which holds them
 
     Coords m_selectedCoords;

@@ -2,6 +2,7 @@
 // it was pressed on, Shift- and Command-clicks reach the icon actions directly.
 #include "hviconview.h"
 #include "hviconviewaccessible.h"
+#include "hviconviewdrag.h"
 
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
@@ -74,8 +75,33 @@ void HVIconView::myMouseMoved(QMouseEvent* event)
 
 void HVIconView::mouseMoveEvent(QMouseEvent* event)
 {
+    if (event->buttons().testFlag(Qt::LeftButton) && m_dragger->mouseDragged(event, m_mouseDownPoint)) {
+        m_mouseDownPoint = QPointF(); // the press became a move, not a click
+        event->accept();
+        return;
+    }
     myMouseMoved(event);
     event->ignore(); // the panel follows the pointer too
+}
+
+void HVIconView::dragEnterEvent(QDragEnterEvent* event)
+{
+    m_dragger->dragEntered(event);
+}
+
+void HVIconView::dragMoveEvent(QDragMoveEvent* event)
+{
+    m_dragger->dragMoved(event);
+}
+
+void HVIconView::dragLeaveEvent(QDragLeaveEvent*)
+{
+    m_dragger->dragLeft();
+}
+
+void HVIconView::dropEvent(QDropEvent* event)
+{
+    m_dragger->dropped(event);
 }
 
 void HVIconView::leaveEvent(QEvent*)

@@ -9,6 +9,7 @@
 
 #include "browser/hviconoverlayview.h"
 #include "browser/hviconview.h"
+#include "browser/hviconviewdrag.h"
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
@@ -51,6 +52,10 @@ HVWindow::HVWindow(HVIconView* iconView, HVUserDefaults* defaults, QWidget* pare
     m_background = new HVBkgndView(this);
     m_iconView->setParent(this);
     m_iconView->move(LeftMargin, TopMargin);
+    // Files dragged over the panel bring it fully on screen, and it goes back after.
+    connect(m_iconView->dragController(), &HVIconViewDrag::slideOnscreenRequested, this,
+            &HVWindow::slideOnscreen);
+    connect(m_iconView->dragController(), &HVIconViewDrag::slideBackRequested, this, &HVWindow::slideBack);
     // The overlay sits above the icons and never takes the mouse.
     m_overlay = new HVIconOverlayView(m_iconView, m_defaults, this);
     m_overlay->raise();

@@ -1,0 +1,68 @@
+// The data a favourite carries while dragged: it comes back as it went, and data that is damaged
+// or made by another process is refused rather than trusted.
+#include "browser/hvdragpayload.h"
+
+#include <QCoreApplication>
+#include <QDataStream>
+#include <QIODevice>
+#include <QVariantMap>
+#include <QtTest>
+
+namespace {
+QByteArray stream(const QString& name, const QVariantMap& dict)
+{
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_6_0);
+    out << name << dict;
+    return data;
+}
+} // namespace
+
+class TestDragPayload : public QObject
+{
+    Q_OBJECT
+private slots:
+    void itComesBackAsItWent()
+    {
+        const HVDragPayload sent{QStringLiteral("/apps/a \"b\" $(x)\n.desktop"), 8, 3, 41};
+        const auto got = HVDragPayload::decoded(sent.encoded());
+        QVERIFY(got);
+        QCOMPARE(got->appPath, sent.appPath);
+        QCOMPARE(got->group, sent.group);
+        QCOMPARE(got->bunch, sent.bunch);
+        QCOMPARE(got->index, sent.index);
+    }
+
+    void foreignOrDamagedDataIsRefused()
+    {
+        const qint64 pid = QCoreApplication::applicationPid();
+        const QVariantMap good{
+            {"_app", "/a.desktop"}, {"_group", 8}, {"_bunch", 0}, {"_index", 0}, {"_pid", pid}};
+        QVariantMap otherProcess = good;
+        otherProcess["_pid"] = pid + 1;
+        QVariantMap noApp = good;
+        noApp.remove("_app");
+        const QByteArray whole = HVDragPayload().encoded();
+        const struct
+        {
+            const char* name;
+            QByteArray data;
+        } cases[] = {
+            {"empty", {}},
+            {"noise", QByteArray("\xff\xfe\x00\x01garbage", 11)},
+            {"cut short", whole.left(whole.size() / 2)},
+            {"another process", stream("ivDict", otherProcess)},
+            {"another dictionary", stream("other", good)},
+            {"no app", stream("ivDict", noApp)},
+        };
+        QVERIFY(HVDragPayload::decoded(stream("ivDict", good)));
+        for (const auto& c : cases) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Refusing a dragged app"));
+            QVERIFY2(!HVDragPayload::decoded(c.data), c.name);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDragPayload)
+#include "tst_dragpayload.moc"
