@@ -6,7 +6,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps configure build run test bench fuzz soak killtest format
+.PHONY: all deps configure build run test bench fuzz soak killtest format install package
 
 FUZZ_RUNS ?= 1000000
 # The short round that `make test` runs after the test suite.
@@ -35,6 +35,15 @@ run: build
 test: build
 	@cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 	@tools/run-fuzz $(BUILD)-fuzz $(FUZZ_SHORT_RUNS)
+
+# PREFIX=/usr/local by default; DESTDIR works as usual.
+PREFIX ?= /usr/local
+install: build
+	@cmake --install $(BUILD) --prefix $(PREFIX)
+
+# A Debian package of the installed tree, in $(BUILD).
+package: build
+	@cmake --build $(BUILD) --target package
 
 bench: build
 	@bench/run $(BUILD)

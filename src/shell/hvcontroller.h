@@ -2,7 +2,8 @@
 // triggers (hot key, session bus), starts them in order, and decides when the panel shows and
 // hides. Implemented in hvcontroller.cpp (start-up, preferences, application events),
 // hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp (hot key, access) and
-// hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar progress).
+// hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar progress) and
+// hvcontroller_info.cpp (about window, home page, updates).
 #pragma once
 
 #include "common/hvkeypathobservers.h"
@@ -77,6 +78,10 @@ public:
     void applicationWillResignActive();
 
     void rescanAllApps(bool fromMenu);
+    // The about window, the home page and the update check (hvcontroller_info.cpp).
+    void openAbout();
+    void openHomeURL();
+    void checkForUpdates();
     // Quits, asking first only when Nimbo could not be reached again (no taskbar entry, no tray).
     void quitApp();
     void terminate();
@@ -133,6 +138,8 @@ private:
     HVStatusItem* m_statusItem = nullptr;
     std::unique_ptr<LauncherEntry> m_launcherEntry;
     bool m_saidNoTrayHost = false;
+    class HVAboutWindow* m_aboutWindow = nullptr;
+    class HVUpdatePrompt* m_updatePrompt = nullptr;
     QTimer* m_windowCloseTimer = nullptr;
     QDateTime m_didBecomeActiveDate;
     QElapsedTimer m_panelShownAt;

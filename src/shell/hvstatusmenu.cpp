@@ -11,9 +11,9 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
 
     m_showHide = addAction(tr("Show Nimbo"), controller, &HVController::showHideMainWindow);
     addSeparator();
-    // About.
+    addAction(tr("About Nimbo"), controller, &HVController::openAbout);
     addSeparator();
-    // Updates.
+    addAction(tr("Check for Updates..."), controller, &HVController::checkForUpdates);
     addSeparator();
     // Preferences.
     m_preferences = addAction(tr("Preferences…"), controller, &HVController::openPrefs);
@@ -21,6 +21,7 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
     // Automatic exclusion.
     addSeparator();
     // Welcome, user guide, home page, feedback.
+    addAction(tr("Nimbo Home Page"), controller, &HVController::openHomeURL);
     addSeparator();
     addAction(tr("Quit Nimbo"), controller, &HVController::quitApp);
 
