@@ -1,7 +1,7 @@
 // The application's controller: it owns the catalogue, the panel with its icon view and the
 // triggers (hot key, session bus), starts them in order, and decides when the panel shows and
 // hides. Implemented in hvcontroller.cpp (start-up, preferences, application events),
-// hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp (hot key, access) and
+// hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp (hot key, access),
 // hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar progress) and
 // hvcontroller_info.cpp (about window, home page, updates).
 #pragma once
