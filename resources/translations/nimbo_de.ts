@@ -1,6 +1,68 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
+<context>
+    <name>FolderStates</name>
+    <message>
+        <source>does not exist</source>
+        <translation>existiert nicht</translation>
+    </message>
+    <message>
+        <source>is not a folder</source>
+        <translation>ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Skipped by the scan: this folder %1</source>
+        <translation>Beim Einlesen übersprungen: Dieser Ordner %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>HVAboutWindow</name>
+    <message>
+        <source>About Nimbo</source>
+        <translation>Über Nimbo</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Launch and organise your applications from one floating panel.</source>
+        <translation>Starten und ordnen Sie Ihre Anwendungen von einem einzigen schwebenden Panel aus.</translation>
+    </message>
+    <message>
+        <source>Built on:</source>
+        <translation>Basiert auf:</translation>
+    </message>
+    <message>
+        <source>© Halvorn Design. All rights reserved.</source>
+        <translation>© Halvorn Design. Alle Rechte vorbehalten.</translation>
+    </message>
+    <message>
+        <source>Qt %1 (running %2)</source>
+        <translation>Qt %1 (zur Laufzeit %2)</translation>
+    </message>
+    <message>
+        <source>GLib and GIO %1.%2.%3</source>
+        <translation>GLib und GIO %1.%2.%3</translation>
+    </message>
+    <message>
+        <source>libplist</source>
+        <translation>libplist</translation>
+    </message>
+    <message>
+        <source>X11 and XCB</source>
+        <translation>X11 und XCB</translation>
+    </message>
+</context>
 <context>
     <name>HVController</name>
     <message>
@@ -12,7 +74,7 @@
         <translation>Beenden</translation>
     </message>
     <message>
-        <source>Don't Quit</source>
+        <source>Don&apos;t Quit</source>
         <translation>Nicht beenden</translation>
     </message>
     <message>
@@ -41,10 +103,309 @@
     </message>
 </context>
 <context>
+    <name>HVIconOverlayView</name>
+    <message>
+        <source>Version: %1</source>
+        <translation>Version: %1</translation>
+    </message>
+</context>
+<context>
     <name>HVIconView</name>
     <message>
         <source>Applications</source>
         <translation>Anwendungen</translation>
+    </message>
+    <message>
+        <source>Cannot locate the app remover called &quot;%1&quot;.</source>
+        <translation>Das Entfernungsprogramm „%1“ wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>Please open %1&apos;s preferences and choose a different app remover.</source>
+        <translation>Bitte öffnen Sie die Einstellungen von %1 und wählen Sie ein anderes Entfernungsprogramm.</translation>
+    </message>
+    <message>
+        <source>Sending &quot;%1&quot; to the app remover &quot;%2&quot; was not successful.</source>
+        <translation>„%1“ konnte nicht an das Entfernungsprogramm „%2“ übergeben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>HVPanelButton</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+</context>
+<context>
+    <name>HVPreferences</name>
+    <message>
+        <source>%1 alone would stop that key from typing: choose Ctrl, Alt, Super or Shift with it</source>
+        <translation>%1 allein würde diese Taste für die Texteingabe sperren: Wählen Sie dazu Strg, Alt, Super oder Umschalt</translation>
+    </message>
+    <message>
+        <source>%1 is in use by another program</source>
+        <translation>%1 wird bereits von einem anderen Programm verwendet</translation>
+    </message>
+</context>
+<context>
+    <name>HVPreferencesWindow</name>
+    <message>
+        <source>Nimbo Preferences</source>
+        <translation>Nimbo-Einstellungen</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Triggers</source>
+        <translation>Auslöser</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Colour Sorting Options</source>
+        <translation>Optionen für die Farbsortierung</translation>
+    </message>
+    <message>
+        <source>Share of coloured pixels for a colourful icon:</source>
+        <translation>Anteil farbiger Pixel, ab dem ein Symbol als farbig gilt:</translation>
+    </message>
+    <message>
+        <source>Hue the colour order starts at (degrees):</source>
+        <translation>Farbton, mit dem die Farbreihenfolge beginnt (Grad):</translation>
+    </message>
+    <message>
+        <source>Least saturation of a colour:</source>
+        <translation>Mindestsättigung einer Farbe:</translation>
+    </message>
+    <message>
+        <source>Least lightness of a colour:</source>
+        <translation>Mindesthelligkeit einer Farbe:</translation>
+    </message>
+    <message>
+        <source>Order grey icons by their strongest colour</source>
+        <translation>Graue Symbole nach ihrer kräftigsten Farbe ordnen</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Choose a folder to scan</source>
+        <translation>Ordner zum Einlesen wählen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Folder levels to look into:</source>
+        <translation>Zu durchsuchende Ordnerebenen:</translation>
+    </message>
+    <message>
+        <source>Nimbo looks for applications in these folders, in this order:</source>
+        <translation>Nimbo sucht in diesen Ordnern nach Anwendungen, in dieser Reihenfolge:</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>Icon size:</source>
+        <translation>Symbolgröße:</translation>
+    </message>
+    <message>
+        <source>The list shown last</source>
+        <translation>Die zuletzt gezeigte Liste</translation>
+    </message>
+    <message>
+        <source>Running applications</source>
+        <translation>Laufende Anwendungen</translation>
+    </message>
+    <message>
+        <source>Applications</source>
+        <translation>Anwendungen</translation>
+    </message>
+    <message>
+        <source>Excluded applications</source>
+        <translation>Ausgeschlossene Anwendungen</translation>
+    </message>
+    <message>
+        <source>All applications</source>
+        <translation>Alle Anwendungen</translation>
+    </message>
+    <message>
+        <source>Favourites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Show at opening:</source>
+        <translation>Beim Öffnen zeigen:</translation>
+    </message>
+    <message>
+        <source>Panel opacity:</source>
+        <translation>Deckkraft des Panels:</translation>
+    </message>
+    <message>
+        <source>Colour Sorting Options…</source>
+        <translation>Optionen für die Farbsortierung…</translation>
+    </message>
+    <message>
+        <source>Colour order:</source>
+        <translation>Farbreihenfolge:</translation>
+    </message>
+    <message>
+        <source>Show the panel when Nimbo starts</source>
+        <translation>Panel beim Start von Nimbo zeigen</translation>
+    </message>
+    <message>
+        <source>Leave out empty cells</source>
+        <translation>Leere Zellen auslassen</translation>
+    </message>
+    <message>
+        <source>Start Nimbo at login</source>
+        <translation>Nimbo bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Hot key:</source>
+        <translation>Tastenkürzel:</translation>
+    </message>
+    <message>
+        <source>Show Nimbo in the tray</source>
+        <translation>Nimbo in der Statusleiste zeigen</translation>
+    </message>
+    <message>
+        <source>Clicking the tray icon shows or hides the panel</source>
+        <translation>Ein Klick auf das Symbol in der Statusleiste zeigt oder verbirgt das Panel</translation>
+    </message>
+    <message>
+        <source>Show Nimbo in the taskbar</source>
+        <translation>Nimbo in der Taskleiste zeigen</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Top-left corner</source>
+        <translation>Ecke oben links</translation>
+    </message>
+    <message>
+        <source>Left edge</source>
+        <translation>Linker Rand</translation>
+    </message>
+    <message>
+        <source>Bottom-left corner</source>
+        <translation>Ecke unten links</translation>
+    </message>
+    <message>
+        <source>Bottom edge</source>
+        <translation>Unterer Rand</translation>
+    </message>
+    <message>
+        <source>Bottom-right corner</source>
+        <translation>Ecke unten rechts</translation>
+    </message>
+    <message>
+        <source>Right edge</source>
+        <translation>Rechter Rand</translation>
+    </message>
+    <message>
+        <source>Top-right corner</source>
+        <translation>Ecke oben rechts</translation>
+    </message>
+    <message>
+        <source>Top edge</source>
+        <translation>Oberer Rand</translation>
+    </message>
+    <message>
+        <source>Cursor hot spot:</source>
+        <translation>Aktive Bildschirmecke:</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+</context>
+<context>
+    <name>HVStatsControl</name>
+    <message>
+        <source>%1 Total</source>
+        <translation>%1 Gesamt</translation>
+    </message>
+    <message>
+        <source>%1 T</source>
+        <translation>%1 G</translation>
+    </message>
+    <message>
+        <source>T</source>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>%1 Included</source>
+        <translation>%1 Einbezogen</translation>
+    </message>
+    <message>
+        <source>%1 I</source>
+        <translation>%1 E</translation>
+    </message>
+    <message>
+        <source>I</source>
+        <translation>E</translation>
+    </message>
+    <message>
+        <source>%1 Excluded</source>
+        <translation>%1 Ausgeschlossen</translation>
+    </message>
+    <message>
+        <source>%1 E</source>
+        <translation>%1 A</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>%1 Favorite</source>
+        <translation>%1 Favoriten</translation>
+    </message>
+    <message>
+        <source>%1 F</source>
+        <translation>%1 F</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>F</translation>
+    </message>
+    <message>
+        <source>%1 Running</source>
+        <translation>%1 Laufend</translation>
+    </message>
+    <message>
+        <source>%1 R</source>
+        <translation>%1 L</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <translation>L</translation>
     </message>
 </context>
 <context>
@@ -65,12 +426,122 @@
         <source>Hide Nimbo</source>
         <translation>Nimbo ausblenden</translation>
     </message>
+    <message>
+        <source>About Nimbo</source>
+        <translation>Über Nimbo</translation>
+    </message>
+    <message>
+        <source>Check for Updates...</source>
+        <translation>Nach Aktualisierungen suchen...</translation>
+    </message>
+    <message>
+        <source>Preferences…</source>
+        <translation>Einstellungen…</translation>
+    </message>
+    <message>
+        <source>Nimbo Home Page</source>
+        <translation>Nimbo-Webseite</translation>
+    </message>
+</context>
+<context>
+    <name>HVUpdatePrompt</name>
+    <message>
+        <source>Software Update</source>
+        <translation>Softwareaktualisierung</translation>
+    </message>
+    <message>
+        <source>Nimbo could not check for updates.</source>
+        <translation>Nimbo konnte nicht nach Aktualisierungen suchen.</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date!</source>
+        <translation>Sie sind auf dem neuesten Stand!</translation>
+    </message>
+    <message>
+        <source>Nimbo %1 is the newest version available.</source>
+        <translation>Nimbo %1 ist die neueste verfügbare Version.</translation>
+    </message>
+    <message>
+        <source>A new version of Nimbo is available!</source>
+        <translation>Eine neue Version von Nimbo ist verfügbar!</translation>
+    </message>
+    <message>
+        <source>Nimbo %1 is out; you have %2. Your distribution&apos;s package manager or the home page has it.</source>
+        <translation>Nimbo %1 ist erschienen; Sie haben Version %2. Sie erhalten die neue Version über die Paketverwaltung Ihrer Distribution oder auf der Webseite.</translation>
+    </message>
+    <message>
+        <source>Release Notes</source>
+        <translation>Versionshinweise</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Diese Version überspringen</translation>
+    </message>
+    <message>
+        <source>Remind Me Later</source>
+        <translation>Später erinnern</translation>
+    </message>
+</context>
+<context>
+    <name>PortalShortcut</name>
+    <message>
+        <source>Show or hide Nimbo</source>
+        <translation>Nimbo zeigen oder ausblenden</translation>
+    </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Not matching the typed text</source>
         <translation>Passt nicht zum eingegebenen Text</translation>
+    </message>
+    <message>
+        <source>Hide Group</source>
+        <translation>Gruppe ausblenden</translation>
+    </message>
+    <message>
+        <source>Move to New Group</source>
+        <translation>In neue Gruppe verschieben</translation>
+    </message>
+    <message>
+        <source>Remove Favorite</source>
+        <translation>Aus Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Include</source>
+        <translation>Einbeziehen</translation>
+    </message>
+    <message>
+        <source>Exclude</source>
+        <translation>Ausschließen</translation>
+    </message>
+    <message>
+        <source>Add Favorite</source>
+        <translation>Zu Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Favorite in New Group</source>
+        <translation>Zu Favoriten in neuer Gruppe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Show in File Manager</source>
+        <translation>In der Dateiverwaltung zeigen</translation>
+    </message>
+    <message>
+        <source>Send to %1</source>
+        <translation>An %1 senden</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
     </message>
 </context>
 </TS>

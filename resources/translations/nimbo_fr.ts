@@ -1,6 +1,68 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR">
+<context>
+    <name>FolderStates</name>
+    <message>
+        <source>does not exist</source>
+        <translation>n’existe pas</translation>
+    </message>
+    <message>
+        <source>is not a folder</source>
+        <translation>n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>Skipped by the scan: this folder %1</source>
+        <translation>Ignoré lors de l’analyse : ce dossier %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>HVAboutWindow</name>
+    <message>
+        <source>About Nimbo</source>
+        <translation>À propos de Nimbo</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Launch and organise your applications from one floating panel.</source>
+        <translation>Lancez et organisez vos applications depuis un seul panneau flottant.</translation>
+    </message>
+    <message>
+        <source>Built on:</source>
+        <translation>Basé sur :</translation>
+    </message>
+    <message>
+        <source>© Halvorn Design. All rights reserved.</source>
+        <translation>© Halvorn Design. Tous droits réservés.</translation>
+    </message>
+    <message>
+        <source>Qt %1 (running %2)</source>
+        <translation>Qt %1 (%2 à l’exécution)</translation>
+    </message>
+    <message>
+        <source>GLib and GIO %1.%2.%3</source>
+        <translation>GLib et GIO %1.%2.%3</translation>
+    </message>
+    <message>
+        <source>libplist</source>
+        <translation>libplist</translation>
+    </message>
+    <message>
+        <source>X11 and XCB</source>
+        <translation>X11 et XCB</translation>
+    </message>
+</context>
 <context>
     <name>HVController</name>
     <message>
@@ -12,7 +74,7 @@
         <translation>Quitter</translation>
     </message>
     <message>
-        <source>Don't Quit</source>
+        <source>Don&apos;t Quit</source>
         <translation>Ne pas quitter</translation>
     </message>
     <message>
@@ -41,10 +103,309 @@
     </message>
 </context>
 <context>
+    <name>HVIconOverlayView</name>
+    <message>
+        <source>Version: %1</source>
+        <translation>Version : %1</translation>
+    </message>
+</context>
+<context>
     <name>HVIconView</name>
     <message>
         <source>Applications</source>
         <translation>Applications</translation>
+    </message>
+    <message>
+        <source>Cannot locate the app remover called &quot;%1&quot;.</source>
+        <translation>Le programme de désinstallation « %1 » est introuvable.</translation>
+    </message>
+    <message>
+        <source>Please open %1&apos;s preferences and choose a different app remover.</source>
+        <translation>Veuillez ouvrir les préférences de %1 et choisir un autre programme de désinstallation.</translation>
+    </message>
+    <message>
+        <source>Sending &quot;%1&quot; to the app remover &quot;%2&quot; was not successful.</source>
+        <translation>L’envoi de « %1 » au programme de désinstallation « %2 » a échoué.</translation>
+    </message>
+</context>
+<context>
+    <name>HVPanelButton</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+</context>
+<context>
+    <name>HVPreferences</name>
+    <message>
+        <source>%1 alone would stop that key from typing: choose Ctrl, Alt, Super or Shift with it</source>
+        <translation>%1 seule empêcherait cette touche de servir à la saisie : ajoutez-y Ctrl, Alt, Super ou Maj</translation>
+    </message>
+    <message>
+        <source>%1 is in use by another program</source>
+        <translation>%1 est déjà utilisé par un autre programme</translation>
+    </message>
+</context>
+<context>
+    <name>HVPreferencesWindow</name>
+    <message>
+        <source>Nimbo Preferences</source>
+        <translation>Préférences de Nimbo</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message>
+        <source>Triggers</source>
+        <translation>Déclencheurs</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>Colour Sorting Options</source>
+        <translation>Options du tri par couleur</translation>
+    </message>
+    <message>
+        <source>Share of coloured pixels for a colourful icon:</source>
+        <translation>Part de pixels colorés pour qu’une icône compte comme colorée :</translation>
+    </message>
+    <message>
+        <source>Hue the colour order starts at (degrees):</source>
+        <translation>Teinte par laquelle commence l’ordre des couleurs (degrés) :</translation>
+    </message>
+    <message>
+        <source>Least saturation of a colour:</source>
+        <translation>Saturation minimale d’une couleur :</translation>
+    </message>
+    <message>
+        <source>Least lightness of a colour:</source>
+        <translation>Luminosité minimale d’une couleur :</translation>
+    </message>
+    <message>
+        <source>Order grey icons by their strongest colour</source>
+        <translation>Classer les icônes grises selon leur couleur la plus vive</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Ajouter…</translation>
+    </message>
+    <message>
+        <source>Choose a folder to scan</source>
+        <translation>Choisir un dossier à analyser</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>Folder levels to look into:</source>
+        <translation>Niveaux de dossiers à explorer :</translation>
+    </message>
+    <message>
+        <source>Nimbo looks for applications in these folders, in this order:</source>
+        <translation>Nimbo cherche les applications dans ces dossiers, dans cet ordre :</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>Icon size:</source>
+        <translation>Taille des icônes :</translation>
+    </message>
+    <message>
+        <source>The list shown last</source>
+        <translation>La dernière liste affichée</translation>
+    </message>
+    <message>
+        <source>Running applications</source>
+        <translation>Applications actives</translation>
+    </message>
+    <message>
+        <source>Applications</source>
+        <translation>Applications</translation>
+    </message>
+    <message>
+        <source>Excluded applications</source>
+        <translation>Applications exclues</translation>
+    </message>
+    <message>
+        <source>All applications</source>
+        <translation>Toutes les applications</translation>
+    </message>
+    <message>
+        <source>Favourites</source>
+        <translation>Favoris</translation>
+    </message>
+    <message>
+        <source>Show at opening:</source>
+        <translation>Afficher à l’ouverture :</translation>
+    </message>
+    <message>
+        <source>Panel opacity:</source>
+        <translation>Opacité du panneau :</translation>
+    </message>
+    <message>
+        <source>Colour Sorting Options…</source>
+        <translation>Options du tri par couleur…</translation>
+    </message>
+    <message>
+        <source>Colour order:</source>
+        <translation>Ordre des couleurs :</translation>
+    </message>
+    <message>
+        <source>Show the panel when Nimbo starts</source>
+        <translation>Afficher le panneau au démarrage de Nimbo</translation>
+    </message>
+    <message>
+        <source>Leave out empty cells</source>
+        <translation>Omettre les cellules vides</translation>
+    </message>
+    <message>
+        <source>Start Nimbo at login</source>
+        <translation>Lancer Nimbo à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>Hot key:</source>
+        <translation>Raccourci clavier :</translation>
+    </message>
+    <message>
+        <source>Show Nimbo in the tray</source>
+        <translation>Afficher Nimbo dans la zone de notification</translation>
+    </message>
+    <message>
+        <source>Clicking the tray icon shows or hides the panel</source>
+        <translation>Un clic sur l’icône de la zone de notification affiche ou masque le panneau</translation>
+    </message>
+    <message>
+        <source>Show Nimbo in the taskbar</source>
+        <translation>Afficher Nimbo dans la barre des tâches</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucun</translation>
+    </message>
+    <message>
+        <source>Top-left corner</source>
+        <translation>Coin supérieur gauche</translation>
+    </message>
+    <message>
+        <source>Left edge</source>
+        <translation>Bord gauche</translation>
+    </message>
+    <message>
+        <source>Bottom-left corner</source>
+        <translation>Coin inférieur gauche</translation>
+    </message>
+    <message>
+        <source>Bottom edge</source>
+        <translation>Bord inférieur</translation>
+    </message>
+    <message>
+        <source>Bottom-right corner</source>
+        <translation>Coin inférieur droit</translation>
+    </message>
+    <message>
+        <source>Right edge</source>
+        <translation>Bord droit</translation>
+    </message>
+    <message>
+        <source>Top-right corner</source>
+        <translation>Coin supérieur droit</translation>
+    </message>
+    <message>
+        <source>Top edge</source>
+        <translation>Bord supérieur</translation>
+    </message>
+    <message>
+        <source>Cursor hot spot:</source>
+        <translation>Coin actif de l’écran :</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maj</translation>
+    </message>
+</context>
+<context>
+    <name>HVStatsControl</name>
+    <message>
+        <source>%1 Total</source>
+        <translation>%1 au total</translation>
+    </message>
+    <message>
+        <source>%1 T</source>
+        <translation>%1 T</translation>
+    </message>
+    <message>
+        <source>T</source>
+        <translation>T</translation>
+    </message>
+    <message>
+        <source>%1 Included</source>
+        <translation>%1 incluses</translation>
+    </message>
+    <message>
+        <source>%1 I</source>
+        <translation>%1 I</translation>
+    </message>
+    <message>
+        <source>I</source>
+        <translation>I</translation>
+    </message>
+    <message>
+        <source>%1 Excluded</source>
+        <translation>%1 exclues</translation>
+    </message>
+    <message>
+        <source>%1 E</source>
+        <translation>%1 E</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>E</translation>
+    </message>
+    <message>
+        <source>%1 Favorite</source>
+        <translation>%1 favoris</translation>
+    </message>
+    <message>
+        <source>%1 F</source>
+        <translation>%1 F</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>F</translation>
+    </message>
+    <message>
+        <source>%1 Running</source>
+        <translation>%1 actives</translation>
+    </message>
+    <message>
+        <source>%1 R</source>
+        <translation>%1 A</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <translation>A</translation>
     </message>
 </context>
 <context>
@@ -65,12 +426,122 @@
         <source>Hide Nimbo</source>
         <translation>Masquer Nimbo</translation>
     </message>
+    <message>
+        <source>About Nimbo</source>
+        <translation>À propos de Nimbo</translation>
+    </message>
+    <message>
+        <source>Check for Updates...</source>
+        <translation>Rechercher des mises à jour...</translation>
+    </message>
+    <message>
+        <source>Preferences…</source>
+        <translation>Préférences…</translation>
+    </message>
+    <message>
+        <source>Nimbo Home Page</source>
+        <translation>Site web de Nimbo</translation>
+    </message>
+</context>
+<context>
+    <name>HVUpdatePrompt</name>
+    <message>
+        <source>Software Update</source>
+        <translation>Mise à jour du logiciel</translation>
+    </message>
+    <message>
+        <source>Nimbo could not check for updates.</source>
+        <translation>Nimbo n’a pas pu rechercher de mises à jour.</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date!</source>
+        <translation>Vous êtes à jour !</translation>
+    </message>
+    <message>
+        <source>Nimbo %1 is the newest version available.</source>
+        <translation>Nimbo %1 est la version la plus récente disponible.</translation>
+    </message>
+    <message>
+        <source>A new version of Nimbo is available!</source>
+        <translation>Une nouvelle version de Nimbo est disponible !</translation>
+    </message>
+    <message>
+        <source>Nimbo %1 is out; you have %2. Your distribution&apos;s package manager or the home page has it.</source>
+        <translation>Nimbo %1 est disponible ; vous avez la version %2. Vous la trouverez dans le gestionnaire de paquets de votre distribution ou sur le site web.</translation>
+    </message>
+    <message>
+        <source>Release Notes</source>
+        <translation>Notes de version</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Ignorer cette version</translation>
+    </message>
+    <message>
+        <source>Remind Me Later</source>
+        <translation>Me le rappeler plus tard</translation>
+    </message>
+</context>
+<context>
+    <name>PortalShortcut</name>
+    <message>
+        <source>Show or hide Nimbo</source>
+        <translation>Afficher ou masquer Nimbo</translation>
+    </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Not matching the typed text</source>
         <translation>Ne correspond pas au texte saisi</translation>
+    </message>
+    <message>
+        <source>Hide Group</source>
+        <translation>Masquer le groupe</translation>
+    </message>
+    <message>
+        <source>Move to New Group</source>
+        <translation>Déplacer dans un nouveau groupe</translation>
+    </message>
+    <message>
+        <source>Remove Favorite</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Include</source>
+        <translation>Inclure</translation>
+    </message>
+    <message>
+        <source>Exclude</source>
+        <translation>Exclure</translation>
+    </message>
+    <message>
+        <source>Add Favorite</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Add Favorite in New Group</source>
+        <translation>Ajouter aux favoris dans un nouveau groupe</translation>
+    </message>
+    <message>
+        <source>Show in File Manager</source>
+        <translation>Afficher dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Send to %1</source>
+        <translation>Envoyer à %1</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Masquer</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
     </message>
 </context>
 </TS>

@@ -7,6 +7,7 @@
 
 #include "catalogue/hvarraycontroller.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -21,6 +22,8 @@ namespace {
 // Marks the folders that the scan skips: missing, not a folder, or unreadable.
 class FolderStates : public QIdentityProxyModel
 {
+    Q_DECLARE_TR_FUNCTIONS(FolderStates)
+
 public:
     using QIdentityProxyModel::QIdentityProxyModel;
 
