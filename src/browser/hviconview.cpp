@@ -51,9 +51,9 @@ HVIconView::HVIconView(HVAppManager* manager, HVUserDefaults* defaults, QWidget*
         return true;
     }();
     Q_UNUSED(accessible);
+    m_dragger = new HVIconViewDrag(this);
     initialize(m_defaults);
     setMouseTracking(true);
-    m_dragger = new HVIconViewDrag(this);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Applications"));

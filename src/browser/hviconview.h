@@ -97,6 +97,8 @@ public:
     void myMouseMoved(QMouseEvent* event);
     // Launches on a thread of its own, with dropped items or none (nullopt), and hides the panel.
     void launchApp(const HVAppRef& app, const std::optional<QList<QUrl>>& items);
+    // Files handed over to be opened: the apps that open them are lit up, a click opens them.
+    void offerItemsToOpen(const QList<QUrl>& items);
     void showAppInFinder(const HVAppRef& app);
     // Include and exclude play the poof for `event` when the icon leaves the group shown.
     void includeSelectedApp(const HVAppRef& app, const QEvent* event = nullptr);

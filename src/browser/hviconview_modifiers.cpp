@@ -3,6 +3,8 @@
 // Shift is let go. Also the view's reset when the panel lets it go.
 #include "hviconview.h"
 
+#include "hviconviewdrag.h"
+
 #include "catalogue/hvappgroup.h"
 
 #include <QFocusEvent>
@@ -47,6 +49,7 @@ void HVIconView::resetView()
 {
     const bool hadFilter = !m_filter.isEmpty();
     const bool hadOption = m_keys.option;
+    m_dragger->forget();
     m_drag = HVIconDragState();
     m_droppableApps.clear();
     m_keys = m_oldKeys = HVModifierKeys();

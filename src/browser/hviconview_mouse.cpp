@@ -153,6 +153,8 @@ void HVIconView::mouseUp(QMouseEvent* event)
         return;
     }
     event->accept();
+    if (m_dragger->clickWhileOffering(app))
+        return;
     if (!m_keys.shift) {
         repaintCell(pressed);
         if (m_keys.command)
@@ -168,6 +170,11 @@ void HVIconView::mouseUp(QMouseEvent* event)
     } else {
         excludeSelectedApp(app, event);
     }
+}
+
+void HVIconView::offerItemsToOpen(const QList<QUrl>& items)
+{
+    m_dragger->offerItemsToOpen(items);
 }
 
 void HVIconView::rightMouseDown(QMouseEvent* event)

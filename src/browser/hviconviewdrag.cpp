@@ -77,8 +77,25 @@ void HVIconViewDrag::startMove(const QPointF& from)
     reset();
 }
 
+bool HVIconViewDrag::hasUserFocus() const
+{
+    // The panel answers whether a sheet covers the icons; a view on its own always has the focus.
+    bool focus = true;
+    QWidget* panel = m_view->window();
+    if (panel != m_view && panel->metaObject()->indexOfMethod("iconViewHasUserFocus()") >= 0)
+        QMetaObject::invokeMethod(panel, "iconViewHasUserFocus", Qt::DirectConnection,
+                                  Q_RETURN_ARG(bool, focus));
+    return focus;
+}
+
 void HVIconViewDrag::dragEntered(QDragEnterEvent* event)
 {
+    if (!hasUserFocus()) {
+        QApplication::beep();
+        m_view->setDragState(HVIconDragState());
+        event->ignore();
+        return;
+    }
     m_activeWhenDragBegan = QApplication::activeWindow() != nullptr;
     if (!m_activeWhenDragBegan)
         m_view->activateWindow();
@@ -101,17 +118,25 @@ void HVIconViewDrag::dragEntered(QDragEnterEvent* event)
     event->ignore();
 }
 
+namespace {
+QList<QUrl> usableItems(QList<QUrl> items)
+{
+    items.removeIf([](const QUrl& url) { return !url.isValid() || url.isEmpty(); });
+    if (items.size() > 1000)
+        qInfo("%lld items to open: the first decides which apps can open them", qlonglong(items.size()));
+    return items;
+}
+} // namespace
+
 void HVIconViewDrag::beginFileDrop(QDropEvent* event)
 {
-    m_items = event->mimeData()->urls();
-    m_items.removeIf([](const QUrl& url) { return !url.isValid() || url.isEmpty(); });
+    forget();
+    m_items = usableItems(event->mimeData()->urls());
     if (m_items.isEmpty()) {
         qWarning("Refusing a drop that names no usable file or URL");
         event->ignore();
         return;
     }
-    if (m_items.size() > 1000)
-        qInfo("A drop of %lld items: the first decides which apps can open them", qlonglong(m_items.size()));
     DropStack::sharedDropStack().push(QVariant::fromValue(m_items));
     updateDroppableApps(HVModifierKeys::fromQt(event->modifiers()).command);
     emit slideOnscreenRequested();
@@ -139,6 +164,11 @@ void HVIconViewDrag::updateDroppableApps(bool everyAppThatCanAccept)
 
 void HVIconViewDrag::dragMoved(QDragMoveEvent* event)
 {
+    if (!hasUserFocus()) {
+        m_view->setDragState(HVIconDragState());
+        event->ignore();
+        return;
+    }
     m_view->selectCoords(m_view->coordsOfPoint(event->position()));
     const HVIconDragState& state = m_view->dragState();
     if (carriesPayload(event->mimeData()) && state.dragMoveInProgress) {
@@ -221,13 +251,47 @@ void HVIconViewDrag::dragLeft()
         reset();
 }
 
-void HVIconViewDrag::reset()
+void HVIconViewDrag::offerItemsToOpen(const QList<QUrl>& items)
 {
-    const bool fileDrop = m_view->dragState().dragDropInProgress;
+    forget();
+    m_items = usableItems(items);
+    if (m_items.isEmpty()) {
+        qWarning("Nothing to open among the items handed over");
+        return;
+    }
+    m_offering = true;
+    updateDroppableApps(false);
+}
+
+bool HVIconViewDrag::clickWhileOffering(const HVAppRef& app)
+{
+    if (!m_offering)
+        return false;
+    if (!app || !m_view->dragState().droppableApps.contains(app)) {
+        QApplication::beep();
+        return true;
+    }
+    qInfo("Opening %lld item(s) handed over with %s", qlonglong(m_items.size()), qPrintable(app->path()));
+    const QList<QUrl> items = m_items;
+    forget();
+    m_view->setDragState(HVIconDragState());
+    m_view->launchApp(app, items);
+    return true;
+}
+
+void HVIconViewDrag::forget()
+{
+    if (m_offering || m_view->dragState().dragDropInProgress)
+        DropStack::sharedDropStack().free();
     m_items.clear();
     m_acceptAll = false;
-    if (fileDrop)
-        DropStack::sharedDropStack().free();
+    m_offering = false;
+}
+
+void HVIconViewDrag::reset()
+{
+    const bool fileDrop = m_view->dragState().dragDropInProgress && !m_offering;
+    forget();
     m_view->setDragState(HVIconDragState());
     if (!fileDrop)
         return;

@@ -1,6 +1,7 @@
 // Drag and drop on the icon view. A favourite dragged more than 2 points moves within the
 // favourites (only inside this Nimbo); files or URLs dragged from other programs light up the
-// apps that can open them, and dropping on one opens them with it.
+// apps that can open them, and dropping on one opens them with it. Files handed over by
+// `nimbo FILE...` are offered the same way, and a click on a lit app opens them.
 #pragma once
 
 #include "hvdragpayload.h"
@@ -35,6 +36,15 @@ public:
     void dropped(QDropEvent* event);
     void dragLeft();
 
+    // Lights up the apps that open `items` until a click on one of them opens the items with it,
+    // or the view is reset.
+    void offerItemsToOpen(const QList<QUrl>& items);
+    // A click on `app` while items are offered: a lit app opens them, any other beeps. False
+    // when nothing is offered (the click is then an ordinary one).
+    bool clickWhileOffering(const HVAppRef& app);
+    // Forgets the drop or offer in hand without moving the panel (the view is being reset).
+    void forget();
+
 signals:
     // The panel is asked to come fully on screen while files are dragged over it, and back after.
     void slideOnscreenRequested();
@@ -46,9 +56,11 @@ private:
     void beginFileDrop(QDropEvent* event);
     void updateDroppableApps(bool everyAppThatCanAccept);
     void reset();
+    bool hasUserFocus() const;
 
     HVIconView* m_view;
     bool m_activeWhenDragBegan = true;
     bool m_acceptAll = false;
+    bool m_offering = false;
     QList<QUrl> m_items;
 };

@@ -1,5 +1,5 @@
 // Nimbo on the session bus: the running instance owns "com.halvorndesign.Nimbo" and answers
-// Toggle, Show, Hide, Rescan, Preferences, Quit and Reopen, and organises its lists (Favourites,
+// Toggle, Show, Hide, Rescan, Preferences, Quit, Reopen and OpenFiles, and organises its lists (Favourites,
 // AddFavourite, RemoveFavourite, Exclude, Include); a second instance or nimboctl calls them.
 #pragma once
 
@@ -44,6 +44,8 @@ public slots:
     Q_SCRIPTABLE void Preferences() { emit preferencesRequested(); }
     Q_SCRIPTABLE void Quit() { emit quitRequested(); }
     Q_SCRIPTABLE void Reopen() { emit reopenRequested(); }
+    // Files or URLs (encoded URLs) to open with an app the user then picks in the panel.
+    Q_SCRIPTABLE void OpenFiles(const QStringList& uris) { emit openFilesRequested(uris); }
 
     // The lists, organised as the panel's menu does. Each change answers an error message,
     // empty when done; without an editor every call answers that the lists are not ready.
@@ -62,6 +64,7 @@ signals:
     void preferencesRequested();
     void quitRequested();
     void reopenRequested();
+    void openFilesRequested(const QStringList& uris);
 
 private:
     HVListEditor* m_editor = nullptr;

@@ -7,6 +7,7 @@
 #include "hvwindow.h"
 #include "modifiermonitor.h"
 
+#include "browser/dropstack.h"
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
 #include "catalogue/hvlisteditor.h"
@@ -77,6 +78,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     connect(m_bus, &NimboBusService::preferencesRequested, this, &HVController::openPrefs);
     connect(m_bus, &NimboBusService::quitRequested, this, &HVController::terminate);
     connect(m_bus, &NimboBusService::reopenRequested, this, &HVController::applicationShouldHandleReopen);
+    connect(m_bus, &NimboBusService::openFilesRequested, this, &HVController::applicationOpenFiles);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &HVController::applicationStateChanged);
 }
 
@@ -227,6 +229,24 @@ void HVController::applicationWillResignActive()
         QApplication::beep();
         hideMainWindow();
     }
+}
+
+void HVController::applicationOpenFiles(const QStringList& uris)
+{
+    QList<QUrl> items;
+    for (const QString& uri : uris) {
+        const QUrl url(uri, QUrl::StrictMode);
+        if (url.isValid() && !url.scheme().isEmpty())
+            items.append(url);
+        else
+            qWarning("Not a file or URL to open: %s", qPrintable(uri.left(200)));
+    }
+    activate();
+    applicationOpenUntitledFile();
+    if (items.isEmpty())
+        return;
+    DropStack::sharedDropStack().push(QVariant::fromValue(items));
+    m_iconView->offerItemsToOpen(DropStack::sharedDropStack().urls());
 }
 
 bool HVController::applicationShouldOpenUntitledFile() const

@@ -74,6 +74,9 @@ public:
     bool applicationShouldOpenUntitledFile() const;
     bool applicationOpenUntitledFile();
     void applicationShouldHandleReopen();
+    // Files or URLs handed over (`nimbo FILE...`): they go on the drop stack and the panel
+    // shows the apps that open them, a click on one opening them with it.
+    void applicationOpenFiles(const QStringList& uris);
     void applicationDidBecomeActive();
     void applicationWillResignActive();
 

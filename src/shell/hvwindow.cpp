@@ -16,12 +16,14 @@
 #include "platform/panelwindowhints.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -186,6 +188,13 @@ double HVWindow::animationResizeTime(const QRectF& target) const
 bool HVWindow::isPanelVisible() const
 {
     return isVisible();
+}
+
+bool HVWindow::iconViewHasUserFocus() const
+{
+    const QList<QDialog*> sheets = findChildren<QDialog*>(Qt::FindDirectChildrenOnly);
+    return std::none_of(sheets.cbegin(), sheets.cend(),
+                        [](const QDialog* sheet) { return sheet->isVisible(); });
 }
 
 bool HVWindow::hasBeenMoved() const

@@ -58,6 +58,8 @@ public:
     void screenParametersDidChange();
     void updateColors();
     bool isNonActivating() const { return m_isNonActivating; }
+    // False while a sheet (a dialog of the panel) is open: the icons then take no drops.
+    Q_INVOKABLE bool iconViewHasUserFocus() const;
 
     // Fades run to completion before returning, so that showing and hiding are atomic.
     void fadeInOver(double seconds);

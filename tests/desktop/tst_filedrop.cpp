@@ -1,0 +1,197 @@
+// Files dropped on the panel from another program over XDND, with the real pointer: only the
+// apps that open them light up (with Ctrl, every app that can), and the one they are dropped on
+// gets each name intact as an argument of its own. Files handed over by `nimbo FILE...` are
+// offered the same way, a click opening them.
+#include "desktopfixture.h"
+
+#include "browser/dropstack.h"
+#include "browser/hviconview.h"
+#include "catalogue/hvappmanager.h"
+#include "common/hvuserdefaults.h"
+#include "shell/hvcontroller.h"
+#include "shell/hvwindow.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+class TestFileDrop : public QObject
+{
+    Q_OBJECT
+public:
+    explicit TestFileDrop(DesktopFixture& fixture) : m_fixture(fixture) {}
+
+private:
+    DesktopFixture& m_fixture;
+    std::unique_ptr<HVUserDefaults> m_defaults;
+    std::unique_ptr<HVController> m_controller;
+    QString m_record;
+    QString m_files;
+
+    HVIconView* view() const { return m_controller->iconView(); }
+    HVAppRef app(const QString& id) const
+    {
+        return view()->manager()->appForPath(m_fixture.applicationsDir() + "/" + id + ".desktop");
+    }
+    QStringList droppable() const
+    {
+        QStringList ids;
+        for (const HVAppRef& app : view()->dragState().droppableApps)
+            ids.append(QFileInfo(app->path()).completeBaseName());
+        ids.sort();
+        return ids;
+    }
+    QPoint centreOf(const QString& id) const
+    {
+        return view()->mapToGlobal(view()->rectOfApp(app(id)).center().toPoint());
+    }
+
+    // xdotool run without blocking: the panel answers the drag's messages meanwhile.
+    static bool xdotool(const QStringList& args)
+    {
+        QProcess process;
+        process.start(QStringLiteral("xdotool"), args);
+        return QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, 10000) &&
+               process.exitCode() == 0;
+    }
+    static bool moveTo(const QPoint& at)
+    {
+        return xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "sleep", "0.3"});
+    }
+
+    // A file of `content` whose name is the bytes given, in the files folder; its URL encoded.
+    QString createFile(const QByteArray& name, const QByteArray& content) const
+    {
+        const QByteArray path = QFile::encodeName(m_files) + "/" + name;
+        const int fd = ::open(path.constData(), O_CREAT | O_WRONLY | O_TRUNC, 0644);
+        if (fd < 0 || ::write(fd, content.constData(), size_t(content.size())) != content.size())
+            qFatal("cannot write a test file");
+        ::close(fd);
+        return "file://" + QString::fromLatin1(path.toPercentEncoding("/"));
+    }
+
+private slots:
+    void initTestCase()
+    {
+        const QByteArray recorder = "Exec=\"" NIMBO_ARGV_RECORDER "\" --no-window ";
+        m_record = m_fixture.recordFile("viewer");
+        m_fixture.writeEntry("viewer.desktop",
+                             recorder + QFile::encodeName(m_record) +
+                                 " %F\nMimeType=text/plain;\nIcon=accessories-text-editor\n");
+        m_fixture.writeEntry("anyfile.desktop",
+                             "Exec=true %F\nMimeType=application/octet-stream;\nIcon=system-file-manager\n");
+        m_fixture.writeEntry("pictures.desktop", "Exec=true %F\nMimeType=image/png;\nIcon=image-viewer\n");
+        QFile::link("/usr/share/icons", m_fixture.env().systemDataDir() + "/icons");
+        qputenv("NIMBO_ICON_THEME", "Papirus");
+        // The apps that prefer a type come from the MIME cache a desktop keeps beside its entries.
+        QCOMPARE(QProcess::execute("update-desktop-database", {m_fixture.applicationsDir()}), 0);
+        m_files = m_fixture.env().root() + "/files";
+        QDir().mkpath(m_files);
+
+        m_defaults = std::make_unique<HVUserDefaults>(m_fixture.env().configHome() + "/Nimbo/Nimbo.conf");
+        m_defaults->setBool(false, "showNoUIAccessWarning");
+        m_defaults->setBool(false, "showNoMouseAccessWarning");
+        m_controller = std::make_unique<HVController>(m_defaults.get());
+        m_controller->awakeFromNib();
+        m_controller->applicationWillFinishLaunching();
+        m_controller->applicationDidFinishLaunching();
+        QTRY_VERIFY(app("pictures"));
+    }
+
+    void cleanupTestCase() { m_controller.reset(); }
+
+    void droppedFilesReachTheAppIntact()
+    {
+        // (A Qt drag source sends every name as UTF-8 whatever it was; names that are not are
+        // handed over below, where the bytes are Nimbo's to keep.)
+        const QList<QByteArray> names{"plain.txt", "two words.txt", "quotes \"'`.txt", "$(touch pwned).txt",
+                                      "new\nline; rm -rf ~.txt"};
+        QStringList uris;
+        for (const QByteArray& name : names)
+            uris.append(createFile(name, "some text\n"));
+
+        QProcess source;
+        source.start(QStringLiteral(NIMBO_DRAG_SOURCE), uris);
+        QVERIFY(QTest::qWaitFor([&source] { return source.canReadLine(); }, 10000));
+        const QList<QByteArray> ready = source.readLine().trimmed().split(' ');
+        QCOMPARE(ready.value(0), "ready");
+        const QPoint from(ready.value(1).toInt(), ready.value(2).toInt());
+
+        // The drag starts in the other program; the panel is summoned while it goes on.
+        QVERIFY(moveTo(from));
+        QVERIFY(xdotool({"mousedown", "1", "sleep", "0.2"}));
+        QVERIFY(moveTo(from + QPoint(20, 20)));
+        m_controller->showMainWindow();
+        QTRY_VERIFY(m_controller->mainWindowIsVisible());
+        QTest::qWait(500);
+        const QPoint viewer = centreOf("viewer");
+        QVERIFY(moveTo(viewer + QPoint(4, 0)));
+        QVERIFY(moveTo(viewer));
+        QTRY_VERIFY(view()->dragState().dragDropInProgress);
+        QCOMPARE(droppable(), QStringList{"viewer"});
+        QCOMPARE(DropStack::sharedDropStack().count(), names.size());
+        QDir().mkpath(NIMBO_BINARY_DIR "/screenshots");
+        view()->window()->grab().save(NIMBO_BINARY_DIR "/screenshots/file-drag.png");
+
+        // Ctrl held: every app that can open them; let go: the preferred ones again.
+        QVERIFY(xdotool({"keydown", "ctrl"}));
+        QVERIFY(moveTo(viewer + QPoint(2, 0)));
+        QTRY_COMPARE(droppable(), (QStringList{"anyfile", "viewer"}));
+        QVERIFY(xdotool({"keyup", "ctrl"}));
+        QVERIFY(moveTo(viewer));
+        QTRY_COMPARE(droppable(), QStringList{"viewer"});
+
+        QVERIFY(xdotool({"mouseup", "1"}));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_record), 10000);
+        QList<QByteArray> expected;
+        for (const QByteArray& name : names)
+            expected.append(QFile::encodeName(m_files) + "/" + name);
+        QCOMPARE(DesktopFixture::recordedArguments(m_record), expected);
+        QVERIFY(!QFile::exists(m_files + "/pwned"));
+        QTRY_VERIFY(!view()->dragState().dragDropInProgress);
+        QCOMPARE(DropStack::sharedDropStack().count(), 0);
+        QTRY_COMPARE(source.state(), QProcess::NotRunning);
+    }
+
+    void filesHandedOverAreOpenedByAClick()
+    {
+        QFile::remove(m_record);
+        QVERIFY(m_controller->registerBusService());
+        createFile("notes.txt", "text\n");
+        createFile("bad \xff\xfe utf8.txt", "text\n");
+        createFile("photo.png", QByteArray::fromHex("89504e470d0a1a0a"));
+        // A second nimbo, given names relative to its folder (one of them not UTF-8), hands them over.
+        QProcess nimbo;
+        nimbo.setWorkingDirectory(m_files);
+        nimbo.start("sh", {"-c", R"sh(exec "$0" notes.txt "$(printf 'bad \377\376 utf8.txt')" photo.png)sh",
+                           NIMBO_BINARY_DIR "/src/nimbo"});
+        QVERIFY(QTest::qWaitFor([&nimbo] { return nimbo.state() == QProcess::NotRunning; }, 20000));
+        QCOMPARE(nimbo.exitCode(), 0);
+        QTRY_VERIFY(m_controller->mainWindowIsVisible());
+        QTRY_COMPARE(droppable(), QStringList{"viewer"});
+
+        // A click on an app that cannot open them beeps, launches nothing and keeps the offer.
+        QVERIFY(moveTo(centreOf("pictures")));
+        QVERIFY(xdotool({"click", "1"}));
+        QTest::qWait(300);
+        QCOMPARE(droppable(), QStringList{"viewer"});
+
+        QVERIFY(moveTo(centreOf("viewer")));
+        QVERIFY(xdotool({"click", "1"}));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_record), 10000);
+        const QByteArray folder = QFile::encodeName(m_files);
+        QCOMPARE(DesktopFixture::recordedArguments(m_record),
+                 (QList<QByteArray>{folder + "/notes.txt", folder + "/bad \xff\xfe utf8.txt",
+                                    folder + "/photo.png"}));
+        QTRY_VERIFY(!m_controller->mainWindowIsVisible());
+        QVERIFY(!view()->dragState().dragDropInProgress);
+        QCOMPARE(DropStack::sharedDropStack().count(), 0);
+    }
+};
+
+NIMBO_DESKTOP_TEST_MAIN(TestFileDrop, QApplication)
+
+#include "tst_filedrop.moc"
