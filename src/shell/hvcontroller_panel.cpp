@@ -2,10 +2,13 @@
 // focus (at once, or after 30 seconds when the user dragged the panel aside), and on a timer.
 #include "hvcontroller.h"
 
+#include "hvaboutwindow.h"
 #include "hvwindow.h"
 
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
+#include "catalogue/runningappssource.h"
+#include "platform/desktopsession.h"
 #include "platform/panelwindowhints.h"
 
 #include <QGuiApplication>
@@ -31,6 +34,8 @@ void HVController::showMainWindow()
 void HVController::hideMainWindow()
 {
     closePrefs();
+    if (m_aboutWindow && m_aboutWindow->isVisible())
+        m_aboutWindow->close();
     if (mainWindowIsVisible())
         m_mainWindow->hidePanel();
 }
@@ -45,7 +50,14 @@ void HVController::activate()
 
 void HVController::deactivate()
 {
-    // The window manager hands the focus back to the window that had it before.
+    // The application that was in front before Nimbo gets the focus back. Where Nimbo cannot
+    // raise other windows, the window manager hands the focus back as the panel hides.
+    const HVAppRef previous = m_appManager->lastActiveApp();
+    if (previous && previous->path() != m_session->runningApps()->ownApplicationPath()) {
+        if (!m_mainWindow->isNonActivating() && !previous->activate())
+            hideMainWindow();
+        return;
+    }
     hideMainWindow();
 }
 
