@@ -419,6 +419,10 @@
         <translation>Anwendungen neu einlesen</translation>
     </message>
     <message>
+        <source>Automatic Exclusion…</source>
+        <translation>Automatisch ausschließen…</translation>
+    </message>
+    <message>
         <source>Quit Nimbo</source>
         <translation>Nimbo beenden</translation>
     </message>

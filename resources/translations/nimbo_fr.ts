@@ -419,6 +419,10 @@
         <translation>Analyser à nouveau les applications</translation>
     </message>
     <message>
+        <source>Automatic Exclusion…</source>
+        <translation>Exclusion automatique…</translation>
+    </message>
+    <message>
         <source>Quit Nimbo</source>
         <translation>Quitter Nimbo</translation>
     </message>

@@ -131,21 +131,47 @@ bool HVApp::containsLetter(char c) const
     return c != 0 && m_lettersComputed && m_letters.contains(c);
 }
 
+namespace {
+struct ExcludedWords
+{
+    QMutex mutex;
+    QStringList substrings;
+    bool chosen = false; // the user's words, which replace the shipped ones
+};
+
+ExcludedWords& excludedWords()
+{
+    static ExcludedWords words;
+    return words;
+}
+} // namespace
+
 QStringList HVApp::excludedNameSubstrings()
 {
     // Read once; a missing or empty resource is tried again on the next call.
-    static QMutex mutex;
-    static QStringList substrings;
-    QMutexLocker locker(&mutex);
-    if (substrings.isEmpty()) {
+    ExcludedWords& words = excludedWords();
+    QMutexLocker locker(&words.mutex);
+    if (words.substrings.isEmpty() && !words.chosen) {
         const std::optional<QVariantList> array =
             ListFileStore::readArray(QStringLiteral(":/ExcludedNameSubstrings.plist"));
         for (const QVariant& element : array.value_or(QVariantList())) {
             if (element.metaType().id() == QMetaType::QString && !element.toString().isEmpty())
-                substrings.append(element.toString());
+                words.substrings.append(element.toString());
         }
     }
-    return substrings;
+    return words.substrings;
+}
+
+void HVApp::setExcludedNameSubstrings(const QStringList& substrings)
+{
+    ExcludedWords& words = excludedWords();
+    QMutexLocker locker(&words.mutex);
+    words.substrings.clear();
+    for (const QString& substring : substrings) {
+        if (!substring.isEmpty() && !words.substrings.contains(substring, Qt::CaseInsensitive))
+            words.substrings.append(substring);
+    }
+    words.chosen = true;
 }
 
 void HVApp::findExcludedStringsInName()

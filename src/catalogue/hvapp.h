@@ -59,6 +59,9 @@ public:
 
     // Excluded words: uninstallers, updaters, helpers... read once from the shipped resource.
     static QStringList excludedNameSubstrings();
+    // The user's own words (empty ones and repeats dropped) replace the shipped ones until the
+    // program ends; records pick them up at their next findExcludedStringsInName.
+    static void setExcludedNameSubstrings(const QStringList& substrings);
     void findExcludedStringsInName();
     bool containsExcludedKeywords() const { return m_containsExcludedKeywords; }
 

@@ -133,6 +133,10 @@ public:
     void excludeApp(const HVAppRef& app);
     void includeApp(const HVAppRef& app);
     void autoExcludeDockApps(bool dock, bool named);
+    // The words that mark an application for exclusion by name; setting them checks every
+    // record of the catalogue against the new words.
+    QStringList excludedNameSubstrings() const;
+    void setExcludedNameSubstrings(const QStringList& words);
     // Where automatic exclusion finds the desktop's kept (favourite) applications' entry paths.
     void setKeptApplicationsSource(std::function<QStringList()> source)
     {

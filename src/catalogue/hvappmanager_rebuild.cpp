@@ -276,6 +276,18 @@ void HVAppManager::autoExcludeDockApps(bool dock, bool named)
     }
 }
 
+QStringList HVAppManager::excludedNameSubstrings() const
+{
+    return HVApp::excludedNameSubstrings();
+}
+
+void HVAppManager::setExcludedNameSubstrings(const QStringList& words)
+{
+    HVApp::setExcludedNameSubstrings(words);
+    for (const HVAppRef& app : std::as_const(m_allApps1D))
+        app->findExcludedStringsInName();
+}
+
 HVAppBunch HVAppManager::allAppsThatCanAcceptURL(const QUrl& url) const
 {
     HVAppBunch apps;

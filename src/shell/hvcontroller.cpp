@@ -1,6 +1,7 @@
 #include "hvcontroller.h"
 
 #include "firstpaintprobe.h"
+#include "hvexclusionsheet.h"
 #include "hvpreferences.h"
 #include "hvstatusitem.h"
 #include "hvstatusmenu.h"
@@ -16,6 +17,7 @@
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
 #include "platform/desktopappactions.h"
+#include "platform/desktopfavourites.h"
 #include "platform/desktopiconsource.h"
 #include "platform/desktopsession.h"
 #include "platform/gioentryreader.h"
@@ -50,6 +52,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
         [this](const QString& path) { return m_appManager->appForPath(path); });
     m_session->desktopActions()->setOpenUntitledFile([this] { applicationOpenUntitledFile(); });
     m_appManager->setRunningAppsSource(m_session->runningApps());
+    m_appManager->setKeptApplicationsSource(&DesktopFavourites::keptApplicationPaths);
     m_iconView = new HVIconView(m_appManager, m_defaults);
     m_mainWindow = new HVWindow(m_iconView, m_defaults);
     new FirstPaintProbe(m_iconView);
@@ -343,4 +346,26 @@ void HVController::closePrefs()
 bool HVController::preferencesAreVisible() const
 {
     return m_preferences->isVisible();
+}
+
+void HVController::autoExcludeApps()
+{
+    if (m_exclusionSheet && m_exclusionSheet->isVisible()) {
+        m_exclusionSheet->raise();
+        return;
+    }
+    activate();
+    showMainWindow();
+    if (!m_exclusionSheet)
+        m_exclusionSheet = new HVExclusionSheet(m_appManager, m_mainWindow);
+    m_exclusionSheet->fillWords();
+    m_exclusionSheet->show();
+    m_exclusionSheet->raise();
+    m_exclusionSheet->activateWindow();
+}
+
+void HVController::closeExclusionWindow()
+{
+    if (m_exclusionSheet)
+        m_exclusionSheet->hide();
 }

@@ -1,9 +1,9 @@
 // The application's controller: it owns the catalogue, the panel with its icon view and the
 // triggers (hot key, session bus), starts them in order, and decides when the panel shows and
-// hides. Implemented in hvcontroller.cpp (start-up, preferences, application events),
-// hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp (hot key, access),
-// hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar progress) and
-// hvcontroller_info.cpp (about window, home page, updates).
+// hides. Implemented in hvcontroller.cpp (start-up, preferences, the exclusion sheet,
+// application events), hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp
+// (hot key, access), hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar
+// progress) and hvcontroller_info.cpp (about window, home page, updates).
 #pragma once
 
 #include "common/hvkeypathobservers.h"
@@ -95,6 +95,11 @@ public:
     bool preferencesAreVisible() const;
     HVPreferences* preferences() const { return m_preferences; }
 
+    // The automatic exclusion sheet over the panel (one at a time; it closes with the panel).
+    Q_INVOKABLE void autoExcludeApps();
+    void closeExclusionWindow();
+    class HVExclusionSheet* exclusionSheet() const { return m_exclusionSheet; }
+
     // The hot key. registerHotKey answers false when the key could not be grabbed.
     bool registerHotKey();
     QString hotKeyString() const;
@@ -138,6 +143,7 @@ private:
     NimboBusService* m_bus;
     HVStatusMenu* m_statusMenu;
     HVPreferences* m_preferences;
+    class HVExclusionSheet* m_exclusionSheet = nullptr;
     HVStatusItem* m_statusItem = nullptr;
     std::unique_ptr<LauncherEntry> m_launcherEntry;
     bool m_saidNoTrayHost = false;

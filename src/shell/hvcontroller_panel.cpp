@@ -36,6 +36,7 @@ void HVController::hideMainWindow()
     closePrefs();
     if (m_aboutWindow && m_aboutWindow->isVisible())
         m_aboutWindow->close();
+    closeExclusionWindow();
     if (mainWindowIsVisible())
         m_mainWindow->hidePanel();
 }

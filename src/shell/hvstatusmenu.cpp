@@ -18,7 +18,7 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
     // Preferences.
     m_preferences = addAction(tr("Preferences…"), controller, &HVController::openPrefs);
     addAction(tr("Rescan Applications"), controller, [controller] { controller->rescanAllApps(true); });
-    // Automatic exclusion.
+    m_autoExclude = addAction(tr("Automatic Exclusion…"), controller, &HVController::autoExcludeApps);
     addSeparator();
     // Welcome, user guide, home page, feedback.
     addAction(tr("Nimbo Home Page"), controller, &HVController::openHomeURL);

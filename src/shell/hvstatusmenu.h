@@ -15,6 +15,7 @@ public:
 
     QAction* showHideAction() const { return m_showHide; }
     QAction* preferencesAction() const { return m_preferences; }
+    QAction* automaticExclusionAction() const { return m_autoExclude; }
 
 private:
     // Titles and enabled states follow the controller each time the menu opens.
@@ -23,4 +24,5 @@ private:
     HVController* m_controller;
     QAction* m_showHide;
     QAction* m_preferences;
+    QAction* m_autoExclude;
 };
