@@ -3,6 +3,7 @@
 #include "hvcontroller.h"
 #include "hvkeytable.h"
 #include "hvpreferenceswindow.h"
+#include "hvremoverchooser.h"
 #include "hvwindow.h"
 
 #include "catalogue/hvappmanager.h"
@@ -37,6 +38,7 @@ void HVPreferences::close()
 {
     if (isVisible()) {
         m_window->colourSortingSheet()->hide();
+        m_window->removerChooser()->hide();
         m_window->hide();
         m_defaults->synchronize();
     }

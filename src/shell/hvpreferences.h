@@ -22,6 +22,7 @@ public:
     bool isVisible() const;
     // The window, once it has been opened.
     HVPreferencesWindow* window() const;
+    HVController* controller() const { return m_controller; }
 
     // Stores "hotKeyCode" and "hotKeyModifiers" and grabs the key at once. A combination that
     // cannot be grabbed, or one without a modifier, leaves the previous hot key in place and

@@ -6,6 +6,7 @@
 
 class HVArrayController;
 class HVPreferences;
+class HVRemoverChooser;
 class HVUserDefaults;
 class QCheckBox;
 class QComboBox;
@@ -22,6 +23,8 @@ public:
     HVArrayController* folders() const { return m_folders; }
     // The colour sorting options sheet over this window, made when first asked for.
     QDialog* colourSortingSheet();
+    // The app remover chooser over this window, made when first asked for.
+    HVRemoverChooser* removerChooser();
 
 protected:
     // Some seldom-needed controls show only while Alt is held.
@@ -43,6 +46,7 @@ private:
     QTabWidget* m_tabs;
     HVArrayController* m_folders = nullptr;
     QDialog* m_colourSheet = nullptr;
+    HVRemoverChooser* m_removerChooser = nullptr;
     QList<QWidget*> m_altControls;
     QComboBox* m_hotKeyButton = nullptr;
     QList<QCheckBox*> m_modifierBoxes;

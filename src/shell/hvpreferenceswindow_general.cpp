@@ -1,9 +1,13 @@
-// The "General" tab: how the panel looks and what it shows first.
+// The "General" tab: how the panel looks, what it shows first and where applications go for removal.
 #include "hvpreferenceswindow.h"
 
+#include "hvcontroller.h"
 #include "hvdefaultsbinding.h"
+#include "hvpreferences.h"
+#include "hvremoverchooser.h"
 
 #include "catalogue/hvappgroup.h"
+#include "common/hvuserdefaults.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -61,6 +65,26 @@ QWidget* HVPreferencesWindow::generalTab()
     });
     form->addRow(tr("Colour order:"), colours);
 
+    auto* removerName = named(new QLabel, "appRemoverName");
+    const auto showRemover = [this, removerName] {
+        removerName->setText(m_defaults->stringForKey(QStringLiteral("appRemoverName")));
+    };
+    showRemover();
+    connect(m_defaults, &HVUserDefaults::valueChanged, removerName, [showRemover](const QString& key) {
+        if (key == QLatin1String("appRemoverName"))
+            showRemover();
+    });
+    auto* chooseRemover = named(new QPushButton(tr("Choose…")), "setAppRemover");
+    connect(chooseRemover, &QPushButton::clicked, this, [this] {
+        removerChooser()->reload();
+        removerChooser()->show();
+        removerChooser()->raise();
+    });
+    auto* removerRow = new QHBoxLayout;
+    removerRow->addWidget(removerName, 1);
+    removerRow->addWidget(chooseRemover);
+    form->addRow(tr("App remover:"), removerRow);
+
     auto* atLaunch = named(new QCheckBox(tr("Show the panel when Nimbo starts")), "showWindowAtLaunch");
     bindCheckBox(atLaunch, m_defaults, QStringLiteral("showWindowAtLaunch"));
     form->addRow(atLaunch);
@@ -72,4 +96,11 @@ QWidget* HVPreferencesWindow::generalTab()
     bindCheckBox(atLogin, m_defaults, QStringLiteral("startAtLogin"));
     form->addRow(atLogin);
     return tab;
+}
+
+HVRemoverChooser* HVPreferencesWindow::removerChooser()
+{
+    if (!m_removerChooser)
+        m_removerChooser = new HVRemoverChooser(m_defaults, m_preferences->controller()->appManager(), this);
+    return m_removerChooser;
 }

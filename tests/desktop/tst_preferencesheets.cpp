@@ -1,6 +1,7 @@
 // The sheets beside the preferences, used as a user would on a real X server: the automatic
 // exclusion sheet, opened from Nimbo's menu, excludes the applications named by the words typed
-// into it and the desktop's favourites from the live catalogue.
+// into it and the desktop's favourites from the live catalogue; the app remover chooser takes
+// only an application that opens appstream:// links and refuses any other with an alert.
 #include "support/testenvironment.h"
 
 #include "catalogue/hvapp.h"
@@ -8,9 +9,15 @@
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvexclusionsheet.h"
+#include "shell/hvpreferences.h"
+#include "shell/hvpreferenceswindow.h"
+#include "shell/hvremoverchooser.h"
 #include "shell/hvstatusmenu.h"
 
 #include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QtTest>
@@ -48,6 +55,7 @@ private slots:
         const QString terminal = entry("Terminal");
         env.writeFile("config/plank/dock1/launchers/terminal.dockitem",
                       "[PlankDockItemPreferences]\nLauncher=file://" + terminal.toUtf8() + "\n");
+        entry("Software Centre", "MimeType=x-scheme-handler/appstream;\n");
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setInteger(1, "applicationLaunchCount"); // not the first launch: nothing excluded yet
         controller = std::make_unique<HVController>(defaults.get());
@@ -93,6 +101,41 @@ private slots:
         QVERIFY(sheet->isVisible());
         controller->explicitHideMainWindow();
         QVERIFY(!sheet->isVisible());
+    }
+
+    void theRemoverChooserTakesOnlyAnAppstreamHandler()
+    {
+        controller->openPrefs();
+        HVPreferencesWindow* window = controller->preferences()->window();
+        click(window->findChild<QPushButton*>("setAppRemover"));
+        HVRemoverChooser* chooser = window->removerChooser();
+        QTRY_VERIFY(chooser->isVisible());
+        QListWidget* list = chooser->list();
+        const auto choose = [&](const QString& name) {
+            const QList<QListWidgetItem*> items = list->findItems(name, Qt::MatchExactly);
+            QCOMPARE(items.size(), 1);
+            list->setCurrentItem(items.first());
+            click(chooser->findChild<QPushButton*>("chooseAppRemover"));
+        };
+
+        choose("Clock");
+        auto* alert = chooser->findChild<QMessageBox*>("removerRefused");
+        QVERIFY(alert && alert->isVisible());
+        QCOMPARE(alert->text(),
+                 "\"Clock\" cannot accept an application file, so it probably can't delete one "
+                 "either.");
+        QCOMPARE(alert->informativeText(), "Please choose a different app for removing application files.");
+        QVERIFY(!defaults->hasUserValue("appRemoverName"));
+        QVERIFY(!defaults->hasUserValue("appRemoverBundleIdentifier"));
+        QCOMPARE(defaults->stringForKey("appRemoverBundleIdentifier"), "org.gnome.Software.desktop");
+        alert->buttons().first()->click();
+        QVERIFY(chooser->isVisible());
+
+        choose("Software Centre");
+        QCOMPARE(defaults->stringForKey("appRemoverName"), "Software Centre");
+        QCOMPARE(defaults->stringForKey("appRemoverBundleIdentifier"), "SoftwareCentre.desktop");
+        QVERIFY(!chooser->isVisible());
+        QCOMPARE(window->findChild<QLabel*>("appRemoverName")->text(), "Software Centre");
     }
 };
 
