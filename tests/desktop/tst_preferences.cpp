@@ -1,16 +1,15 @@
 // The preferences window as a user meets it on a real X server: opened from the menu, by
 // `nimbo --preferences` and `nimboctl preferences` over the session bus, and its controls
-// taking effect at once — the icon size re-lays out the panel, a new hot key is grabbed (pressed
-// with xdotool) while the old one lets go, and a hot key without modifiers is refused.
+// taking effect at once — the icon size re-lays out the panel, an added scan folder is kept and
+// scanned once, a colour reset sorts once, a new hot key is grabbed (pressed with xdotool) while
+// the old one lets go, and a hot key without modifiers is refused.
 #include "support/testenvironment.h"
 
 #include "browser/hviconview.h"
 #include "catalogue/hvapp.h"
 #include "catalogue/hvappmanager.h"
 #include "catalogue/hvarraycontroller.h"
-#include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
-#include "common/notificationnames.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvpreferences.h"
 #include "shell/hvpreferenceswindow.h"
@@ -31,13 +30,32 @@
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
 
-// Counts the announcements that the scan folders changed, each of which is one rescan.
-class RescanCounter : public QObject
+// Counts the catalogue's scans: each one sets it busy once.
+class ScanCounter : public QObject
 {
-    Q_OBJECT
 public:
+    explicit ScanCounter(HVAppManager* catalogue)
+    {
+        connect(catalogue, &HVAppManager::didChange, this, [this, catalogue](const QStringList& keys) {
+            if (keys.contains(HVAppListKeys::IsBusyScanning) && catalogue->isBusyScanning())
+                ++count;
+        });
+    }
     int count = 0;
-    Q_INVOKABLE void rescan(const HVNotification&) { ++count; }
+};
+
+// Counts the re-orderings of every list.
+class SortCounter : public QObject
+{
+public:
+    explicit SortCounter(HVAppManager* catalogue)
+    {
+        connect(catalogue, &HVAppManager::didChange, this, [this](const QStringList& keys) {
+            if (keys == QStringList{HVAppListKeys::AllApps, HVAppListKeys::AllApps1D})
+                ++count;
+        });
+    }
+    int count = 0;
 };
 
 bool xdotool(const QStringList& args)
@@ -65,10 +83,21 @@ class TestPreferences : public QObject
 private slots:
     void initTestCase()
     {
-        for (const char* name : {"Clock", "Eyes", "Terminal", "Editor", "Mail", "Music"})
-            env.writeFile(
-                QStringLiteral("data/applications/%1.desktop").arg(name),
-                QStringLiteral("[Desktop Entry]\nType=Application\nName=%1\nExec=true\n").arg(name).toUtf8());
+        // Icons of their own, each of one colour, so that the colour order has something to order.
+        const QList<QPair<const char*, QColor>> apps = {{"Clock", Qt::red},     {"Eyes", Qt::blue},
+                                                        {"Terminal", Qt::gray}, {"Editor", Qt::green},
+                                                        {"Mail", Qt::yellow},   {"Music", Qt::magenta}};
+        for (const auto& [name, colour] : apps) {
+            QImage icon(48, 48, QImage::Format_ARGB32);
+            icon.fill(colour);
+            const QString iconPath = env.root() + QStringLiteral("/icons/%1.png").arg(name);
+            QDir().mkpath(env.root() + "/icons");
+            QVERIFY(icon.save(iconPath));
+            env.writeFile(QStringLiteral("data/applications/%1.desktop").arg(name),
+                          QStringLiteral("[Desktop Entry]\nType=Application\nName=%1\nExec=true\nIcon=%2\n")
+                              .arg(name, iconPath)
+                              .toUtf8());
+        }
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         controller = std::make_unique<HVController>(defaults.get());
         QVERIFY(controller->registerBusService());
@@ -142,9 +171,7 @@ private slots:
         QVERIFY(QDir().mkpath(folder));
         env.writeFile("more apps/Extra.desktop",
                       "[Desktop Entry]\nType=Application\nName=Extra\nExec=true\n");
-        RescanCounter rescans;
-        HVNotificationCenter::defaultCenter()->addObserver(&rescans, "rescan",
-                                                           HVNotificationNames::ScanPathListChanged);
+        ScanCounter scans(controller->appManager());
         window()->folders()->setSelectionIndexes({});
         window()->folders()->openPanelDidEnd({folder}, 1); // the folder dialog's answer
         QCOMPARE(defaults->arrayForKey("searchDirectories").first().toMap().value("path").toString(), folder);
@@ -156,8 +183,8 @@ private slots:
             return false;
         };
         QTRY_VERIFY(catalogued(folder + "/Extra.desktop"));
-        QTest::qWait(200);
-        QCOMPARE(rescans.count, 1);
+        QTest::qWait(500);
+        QCOMPARE(scans.count, 1);
         // A folder that has gone is shown as such and skipped.
         QVERIFY(QDir(folder).removeRecursively());
         auto* view = control<QListView>("searchDirectories");
@@ -165,11 +192,12 @@ private slots:
         window()->folders()->setSelectionIndexes({0});
         control<QPushButton>("removeSearchDirectory")->click();
         QVERIFY(!defaults->arrayForKey("searchDirectories").contains(QVariantMap{{"path", folder}}));
-        HVNotificationCenter::defaultCenter()->removeObserver(&rescans);
     }
 
-    void colourResetRestoresTheDefaults()
+    void colourResetRestoresTheDefaultsAndSortsOnce()
     {
+        HVAppManager* catalogue = controller->appManager();
+        defaults->setInteger(HVAppManager::SortByColor, "groupContentsSortOrder");
         controller->openPrefs();
         control<QPushButton>("openColorSortingOptions")->click();
         QDialog* sheet = window()->colourSortingSheet();
@@ -179,15 +207,23 @@ private slots:
         sheet->findChild<QCheckBox*>("colorSortGraysBySecondaryColor")->click();
         QCOMPARE(defaults->doubleForKey("colorSortWrapHue"), 180.0);
         QVERIFY(defaults->boolForKey("colorSortGraysBySecondaryColor"));
+        QTRY_VERIFY(catalogue->hasPendingColorSort()); // the icons' colours, found again
+        QTRY_VERIFY(!catalogue->hasPendingColorSort());
+
+        SortCounter sorts(catalogue);
         sheet->findChild<QPushButton*>("resetColorSortingOptions")->click();
         for (const char* key : {"colorSortGrayThreshold", "colorSortWrapHue", "colorSortMinSaturation",
                                 "colorSortMinLuminosity", "colorSortGraysBySecondaryColor"})
             QVERIFY2(!defaults->hasUserValue(key), key);
         QCOMPARE(hue->value(), 0);
         QVERIFY(!sheet->findChild<QCheckBox*>("colorSortGraysBySecondaryColor")->isChecked());
+        QTRY_COMPARE(sorts.count, 1);
+        QTest::qWait(1500); // longer than the wait for more icons before a colour sort
+        QCOMPARE(sorts.count, 1);
         // The sheet goes with the window.
         controller->closePrefs();
         QVERIFY(!sheet->isVisible());
+        defaults->removeObjectForKey("groupContentsSortOrder");
     }
 
     void hotKeyWithoutModifiersIsRefused()
