@@ -22,6 +22,9 @@ public:
     bool registerHotKey(const QString& keysym, int modifierMask);
     void unregisterHotKey();
     bool isRegistered() const { return m_keycode != 0; }
+    // Whether the last registration failed because the system itself acts on that combination
+    // (Ctrl + Alt + F1 switches the console) rather than another program holding it.
+    bool wasKeptBySystem() const { return m_keptBySystem; }
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
@@ -32,4 +35,6 @@ private:
     PortalShortcut* m_portal = nullptr;
     quint8 m_keycode = 0;
     quint16 m_modifiers = 0;
+    quint16 m_numLock = 0; // the modifier bit Num Lock sets on this keyboard
+    bool m_keptBySystem = false;
 };

@@ -102,6 +102,8 @@ public:
 
     // The hot key. registerHotKey answers false when the key could not be grabbed.
     bool registerHotKey();
+    // Whether the last registerHotKey failed because the system keeps that combination.
+    bool hotKeyIsKeptBySystem() const;
     QString hotKeyString() const;
     bool hasMenuAccess() const;
     bool hasMouseAccess() const;

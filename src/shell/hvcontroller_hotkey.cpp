@@ -21,6 +21,11 @@ bool HVController::registerHotKey()
                                     int(m_defaults->integerForKey(QStringLiteral("hotKeyModifiers"))));
 }
 
+bool HVController::hotKeyIsKeptBySystem() const
+{
+    return m_hotKey->wasKeptBySystem();
+}
+
 QString HVController::hotKeyString() const
 {
     return HVKeyTable::hotKeyString(HVKeyTable::rows(),

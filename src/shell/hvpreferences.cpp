@@ -71,10 +71,14 @@ QString HVPreferences::setHotKey(int code, int modifierMask)
             m_controller->alertIfNoAccess();
             return {};
         }
+        const bool keptBySystem = m_controller->hotKeyIsKeptBySystem();
         m_defaults->setInteger(oldCode, QStringLiteral("hotKeyCode"));
         m_defaults->setInteger(oldModifiers, QStringLiteral("hotKeyModifiers"));
         m_controller->registerHotKey();
-        problem = tr("%1 is in use by another program").arg(wanted);
+        problem = keptBySystem ? tr("%1 switches to another console and never reaches a program: choose "
+                                    "another combination")
+                                     .arg(wanted)
+                               : tr("%1 is in use by another program").arg(wanted);
     }
     qWarning("%s; the hot key stays %s", qPrintable(problem), qPrintable(m_controller->hotKeyString()));
     return problem;

@@ -1,8 +1,9 @@
 // The preferences window as a user meets it on a real X server: opened from the menu, by
 // `nimbo --preferences` and `nimboctl preferences` over the session bus, and its controls
 // taking effect at once — the icon size re-lays out the panel, an added scan folder is kept and
-// scanned once, a colour reset sorts once, a new hot key is grabbed (pressed with xdotool) while
-// the old one lets go, and a hot key without modifiers is refused.
+// scanned once, a colour reset sorts once, a new hot key (with Shift or with Alt) is grabbed
+// (pressed through XTest with xdotool) while the old one lets go, and a hot key without
+// modifiers is refused.
 #include "support/testenvironment.h"
 
 #include "browser/hviconview.h"
@@ -237,25 +238,56 @@ private slots:
         QVERIFY(control<QCheckBox>("hotKeyControl")->isChecked());
     }
 
+    void aConsoleSwitchIsRefusedButWithShiftItIsAHotKey()
+    {
+        QVERIFY(controller->preferences()->setHotKey(48, 4096).isEmpty()); // Ctrl + Tab
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("kept by the X server"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("another console.*stays Ctrl \\+ Tab"));
+        const QString problem = controller->preferences()->setHotKey(96, 4096 | 2048); // Ctrl + Alt + F5
+        QVERIFY2(problem.contains("another console"), qPrintable(problem));
+        QCOMPARE(defaults->integerForKey("hotKeyCode"), 48);
+        QCOMPARE(defaults->integerForKey("hotKeyModifiers"), 4096);
+
+        QVERIFY(controller->preferences()->setHotKey(96, 4096 | 2048 | 512).isEmpty());
+        controller->showMainWindow();
+        QVERIFY(xdotool({"key", "ctrl+alt+shift+F5"}));
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
+    }
+
+    void aNewHotKeyIsGrabbedAndTheOldOneLetsGo_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("modifier");
+        QTest::addColumn<int>("mask");
+        QTest::addColumn<QString>("pressed");
+        QTest::newRow("Ctrl + Shift + F5") << "F5"
+                                           << "hotKeyShift" << (4096 | 512) << "ctrl+shift+F5";
+        QTest::newRow("Ctrl + Alt + Space") << "Space"
+                                            << "hotKeyAlt" << (4096 | 2048) << "ctrl+alt+space";
+    }
     void aNewHotKeyIsGrabbedAndTheOldOneLetsGo()
     {
+        QFETCH(QString, key);
+        QFETCH(QString, modifier);
+        QFETCH(int, mask);
+        QFETCH(QString, pressed);
+        QVERIFY(controller->preferences()->setHotKey(48, 4096).isEmpty()); // Ctrl + Tab
         controller->openPrefs();
-        auto* key = control<QComboBox>("hotKeyCode");
-        key->setCurrentIndex(key->findText("F5"));
-        emit key->activated(key->currentIndex());
-        control<QCheckBox>("hotKeyShift")->click(); // Ctrl + Shift + F5
-        QCOMPARE(defaults->integerForKey("hotKeyModifiers"), 4096 | 512);
-        QCOMPARE(defaults->integerForKey("hotKeyCode"), 96);
+        auto* keys = control<QComboBox>("hotKeyCode");
+        keys->setCurrentIndex(keys->findText(key));
+        emit keys->activated(keys->currentIndex());
+        window()->findChild<QCheckBox*>(modifier)->click();
+        QCOMPARE(defaults->integerForKey("hotKeyModifiers"), mask);
         QVERIFY(control<QLabel>("hotKeyProblem")->text().isEmpty());
 
         QVERIFY(controller->mainWindowIsVisible());
-        QVERIFY(xdotool({"key", "ctrl+shift+F5"}));
+        QVERIFY(xdotool({"key", pressed}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
         QVERIFY(!controller->preferencesAreVisible());
         QVERIFY(xdotool({"key", "ctrl+Tab"}));
         QTest::qWait(500);
         QVERIFY(!controller->mainWindowIsVisible());
-        QVERIFY(xdotool({"key", "ctrl+shift+F5"}));
+        QVERIFY(xdotool({"key", pressed}));
         QTRY_VERIFY(controller->mainWindowIsVisible());
     }
 };
