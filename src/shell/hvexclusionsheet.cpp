@@ -35,7 +35,7 @@ HVExclusionSheet::HVExclusionSheet(HVAppManager* catalogue, QWidget* parent)
     connect(m_dock, &QCheckBox::toggled, this, enableExclude);
 
     auto* layout = new QVBoxLayout(this);
-    auto* intro = new QLabel(tr("Applications whose names contain one of these words, one per line:"));
+    auto* intro = new QLabel(tr("Words that mark applications to leave out, one per line:"));
     intro->setWordWrap(true);
     layout->addWidget(intro);
     layout->addWidget(m_words);
