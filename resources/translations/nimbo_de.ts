@@ -103,6 +103,29 @@
     </message>
 </context>
 <context>
+    <name>HVExclusionSheet</name>
+    <message>
+        <source>Exclude applications whose names contain one of these words</source>
+        <translation>Anwendungen ausschließen, deren Namen eines dieser Wörter enthalten</translation>
+    </message>
+    <message>
+        <source>Exclude the applications kept in the desktop&apos;s dock or favourites</source>
+        <translation>Die Anwendungen im Dock oder in den Favoriten der Arbeitsumgebung ausschließen</translation>
+    </message>
+    <message>
+        <source>Automatic Exclusion</source>
+        <translation>Automatisch ausschließen</translation>
+    </message>
+    <message>
+        <source>Exclude</source>
+        <translation>Ausschließen</translation>
+    </message>
+    <message>
+        <source>Words that mark applications to leave out, one per line:</source>
+        <translation>Wörter, an denen auszulassende Anwendungen zu erkennen sind, eines pro Zeile:</translation>
+    </message>
+</context>
+<context>
     <name>HVIconOverlayView</name>
     <message>
         <source>Version: %1</source>
@@ -148,6 +171,10 @@
     <message>
         <source>%1 is in use by another program</source>
         <translation>%1 wird bereits von einem anderen Programm verwendet</translation>
+    </message>
+    <message>
+        <source>%1 switches to another console and never reaches a program: choose another combination</source>
+        <translation>%1 wechselt zu einer anderen Konsole und erreicht kein Programm: Wählen Sie eine andere Kombination</translation>
     </message>
 </context>
 <context>
@@ -343,6 +370,45 @@
     <message>
         <source>Shift</source>
         <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Auswählen…</translation>
+    </message>
+    <message>
+        <source>App remover:</source>
+        <translation>Programm zum Entfernen:</translation>
+    </message>
+</context>
+<context>
+    <name>HVRemoverChooser</name>
+    <message>
+        <source>Choose the App Remover</source>
+        <translation>Programm zum Entfernen auswählen</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>The application that Nimbo sends applications to for removal:</source>
+        <translation>Die Anwendung, an die Nimbo Anwendungen zum Entfernen übergibt:</translation>
+    </message>
+    <message>
+        <source>No name</source>
+        <translation>Kein Name</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot accept an application file, so it probably can&apos;t delete one either.</source>
+        <translation>„%1“ kann keine Anwendungsdatei annehmen und daher wohl auch keine entfernen.</translation>
+    </message>
+    <message>
+        <source>Please choose a different app for removing application files.</source>
+        <translation>Bitte wählen Sie eine andere Anwendung zum Entfernen von Anwendungsdateien.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

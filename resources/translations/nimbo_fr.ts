@@ -103,6 +103,29 @@
     </message>
 </context>
 <context>
+    <name>HVExclusionSheet</name>
+    <message>
+        <source>Exclude applications whose names contain one of these words</source>
+        <translation>Exclure les applications dont le nom contient l&apos;un de ces mots</translation>
+    </message>
+    <message>
+        <source>Exclude the applications kept in the desktop&apos;s dock or favourites</source>
+        <translation>Exclure les applications gardées dans le dock ou les favoris du bureau</translation>
+    </message>
+    <message>
+        <source>Automatic Exclusion</source>
+        <translation>Exclusion automatique</translation>
+    </message>
+    <message>
+        <source>Exclude</source>
+        <translation>Exclure</translation>
+    </message>
+    <message>
+        <source>Words that mark applications to leave out, one per line:</source>
+        <translation>Mots qui désignent les applications à écarter, un par ligne :</translation>
+    </message>
+</context>
+<context>
     <name>HVIconOverlayView</name>
     <message>
         <source>Version: %1</source>
@@ -148,6 +171,10 @@
     <message>
         <source>%1 is in use by another program</source>
         <translation>%1 est déjà utilisé par un autre programme</translation>
+    </message>
+    <message>
+        <source>%1 switches to another console and never reaches a program: choose another combination</source>
+        <translation>%1 bascule vers une autre console et n&apos;atteint aucun programme : choisissez une autre combinaison</translation>
     </message>
 </context>
 <context>
@@ -343,6 +370,45 @@
     <message>
         <source>Shift</source>
         <translation>Maj</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>App remover:</source>
+        <translation>Outil de suppression :</translation>
+    </message>
+</context>
+<context>
+    <name>HVRemoverChooser</name>
+    <message>
+        <source>Choose the App Remover</source>
+        <translation>Choisir l&apos;outil de suppression</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Choisir</translation>
+    </message>
+    <message>
+        <source>The application that Nimbo sends applications to for removal:</source>
+        <translation>L&apos;application à laquelle Nimbo confie les applications à supprimer :</translation>
+    </message>
+    <message>
+        <source>No name</source>
+        <translation>Sans nom</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot accept an application file, so it probably can&apos;t delete one either.</source>
+        <translation>« %1 » ne peut pas accepter un fichier d&apos;application, il ne peut donc probablement pas en supprimer un non plus.</translation>
+    </message>
+    <message>
+        <source>Please choose a different app for removing application files.</source>
+        <translation>Veuillez choisir une autre application pour supprimer les fichiers d&apos;application.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
