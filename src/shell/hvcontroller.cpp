@@ -2,6 +2,7 @@
 
 #include "firstpaintprobe.h"
 #include "hvexclusionsheet.h"
+#include "hvhotspotwindow.h"
 #include "hvpreferences.h"
 #include "hvstatusitem.h"
 #include "hvstatusmenu.h"
@@ -91,6 +92,7 @@ HVController::~HVController()
         HVKeyPathObserving::unregisterHalvornKeyPathObservers(this, halvornKeyPathObservers(m_defaults));
         HVNotificationCenter::defaultCenter()->removeObserver(this);
     }
+    delete m_hotSpotWin;
     delete m_statusItem; // before the menu it carries
     delete m_statusMenu;
     delete m_mainWindow;
@@ -148,6 +150,7 @@ void HVController::awakeFromNib()
     m_observing = true;
     registerHotKey();
     updateStatusBar();
+    followPrimaryScreen(); // and builds the hot spot
 }
 
 void HVController::applicationWillFinishLaunching()

@@ -19,6 +19,7 @@ class DesktopSession;
 class GlobalHotKey;
 class LauncherEntry;
 class HVAppManager;
+class HVHotSpotWindow;
 class HVIconView;
 class HVPreferences;
 class HVStatusItem;
@@ -123,6 +124,12 @@ public:
     // The tray item, rebuilt from "showAppInStatusBar" and "statusBarTogglesWindow".
     void updateStatusBar();
     Q_INVOKABLE void observe_statusBarTogglesWindow(const QVariantMap& change);
+    // The cursor hot spot, rebuilt from "cursorHotSpotLocation" and the primary screen.
+    void updateCursorHotSpot();
+    void enableCursorHotSpot(qint64 location);
+    void disableHotCorner();
+    HVHotSpotWindow* hotSpotWindow() const { return m_hotSpotWin; }
+    Q_INVOKABLE void observe_cursorHotSpotLocation(const QVariantMap& change);
 
 signals:
     // An alert the user must read; emitted instead of showing a dialog when nobody can answer.
@@ -133,6 +140,7 @@ private:
     void showAlert(const QString& message, const QString& informativeText);
     void applicationStateChanged(Qt::ApplicationState state);
     void updateTaskbarPresence();
+    void followPrimaryScreen();
 
     HVUserDefaults* m_defaults;
     std::unique_ptr<DesktopSession> m_session;
@@ -149,6 +157,10 @@ private:
     HVStatusItem* m_statusItem = nullptr;
     std::unique_ptr<LauncherEntry> m_launcherEntry;
     bool m_saidNoTrayHost = false;
+    HVHotSpotWindow* m_hotSpotWin = nullptr;
+    QMetaObject::Connection m_primaryScreenGeometry;
+    QVariant m_saidBadHotSpotLocation; // the last stored location that is no place, said once
+    bool m_saidNoHotSpots = false;
     class HVAboutWindow* m_aboutWindow = nullptr;
     class HVUpdatePrompt* m_updatePrompt = nullptr;
     QTimer* m_windowCloseTimer = nullptr;

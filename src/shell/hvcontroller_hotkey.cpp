@@ -44,8 +44,7 @@ bool HVController::hasMenuAccess() const
 bool HVController::hasMouseAccess() const
 {
     return m_defaults->boolForKey(QStringLiteral("showAppInStatusBar")) ||
-           m_defaults->boolForKey(QStringLiteral("showIconInDock")) ||
-           m_defaults->integerForKey(QStringLiteral("cursorHotSpotLocation")) > 0;
+           m_defaults->boolForKey(QStringLiteral("showIconInDock")) || m_hotSpotWin != nullptr;
 }
 
 bool HVController::hasKeyboardAccess() const

@@ -1,15 +1,18 @@
-// The ways Nimbo is reached besides the hot key: launch at login, the tray item and the taskbar
-// entry's scan progress.
+// The ways Nimbo is reached besides the hot key: launch at login, the tray item, the cursor hot
+// spot and the taskbar entry's scan progress.
 #include "shell/hvcontroller.h"
 
 #include "common/hvkeypathobservers.h"
 #include "common/hvuserdefaults.h"
 #include "platform/launchatlogin.h"
 #include "platform/launcherentry.h"
+#include "shell/hvhotspotwindow.h"
 #include "shell/hvstatusitem.h"
 #include "shell/hvstatusmenu.h"
 
+#include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QScreen>
 
 Q_LOGGING_CATEGORY(lcTriggers, "nimbo.triggers")
 
@@ -66,4 +69,81 @@ void HVController::showProgressStep(const HVNotification& notification)
             m_launcherEntry = std::make_unique<LauncherEntry>();
         m_launcherEntry->showProgress(step, count);
     }
+}
+
+void HVController::observe_cursorHotSpotLocation(const QVariantMap&)
+{
+    updateCursorHotSpot();
+    alertIfNoMouseAccess();
+}
+
+void HVController::updateCursorHotSpot()
+{
+    const QVariant stored = m_defaults->objectForKey(QStringLiteral("cursorHotSpotLocation"));
+    bool isNumber = false;
+    const qint64 location = stored.toLongLong(&isNumber);
+    if (!isNumber) {
+        disableHotCorner();
+        if (m_saidBadHotSpotLocation != stored)
+            qCWarning(lcTriggers, "\"cursorHotSpotLocation\" %s is not a number: no hot spot",
+                      qPrintable(stored.toString()));
+        m_saidBadHotSpotLocation = stored;
+        return;
+    }
+    enableCursorHotSpot(location);
+}
+
+void HVController::enableCursorHotSpot(qint64 location)
+{
+    disableHotCorner();
+    if (!HVHotSpotWindow::isLocation(location)) {
+        if (m_saidBadHotSpotLocation != QVariant(location))
+            qCWarning(lcTriggers,
+                      "\"cursorHotSpotLocation\" %lld is not a place on the screen (0 to 8): "
+                      "no hot spot",
+                      location);
+        m_saidBadHotSpotLocation = location;
+        return;
+    }
+    if (location == HVHotSpotWindow::None)
+        return;
+    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+        // Elsewhere (Wayland) a program neither learns where the pointer is nor places windows.
+        if (!m_saidNoHotSpots)
+            qCInfo(lcTriggers, "Cursor hot spots need an X11 session; on %s there is none",
+                   qPrintable(QGuiApplication::platformName()));
+        m_saidNoHotSpots = true;
+        return;
+    }
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QRect area = HVHotSpotWindow::rectForLocation(HVHotSpotWindow::Location(location),
+                                                        screen ? screen->geometry() : QRect());
+    if (area.isEmpty())
+        return; // no screen, or one too small for an edge
+    m_hotSpotWin = new HVHotSpotWindow(
+        area, m_defaults, {[this] { showHideMainWindow(); }, [this] { return mainWindowIsVisible(); }});
+    m_hotSpotWin->orderFront();
+}
+
+void HVController::disableHotCorner()
+{
+    delete m_hotSpotWin;
+    m_hotSpotWin = nullptr;
+}
+
+void HVController::followPrimaryScreen()
+{
+    // The hot spot belongs to the primary screen: it moves with that screen's size and place,
+    // and to another screen when that becomes primary or this one is unplugged.
+    auto rebuild = [this] {
+        disconnect(m_primaryScreenGeometry);
+        if (const QScreen* screen = QGuiApplication::primaryScreen())
+            m_primaryScreenGeometry =
+                connect(screen, &QScreen::geometryChanged, this, &HVController::updateCursorHotSpot);
+        updateCursorHotSpot();
+    };
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, rebuild);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, rebuild);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, rebuild);
+    rebuild();
 }
