@@ -1,15 +1,18 @@
 #include "pointertracker.h"
 
-#include <QCursor>
+#include "platform/pointerposition.h"
 
 #include <algorithm>
 #include <cmath>
 
-PointerTracker::PointerTracker(const QRect& area, QObject* parent) : QObject(parent), m_area(area)
+PointerTracker::PointerTracker(const QRect& area, QObject* parent)
+    : QObject(parent), m_area(area), m_pointer(std::make_unique<PointerPosition>())
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &PointerTracker::poll);
 }
+
+PointerTracker::~PointerTracker() = default;
 
 void PointerTracker::start()
 {
@@ -42,7 +45,7 @@ int PointerTracker::intervalFor(const QPoint& position) const
 
 void PointerTracker::poll()
 {
-    const QPoint position = QCursor::pos();
+    const QPoint position = m_pointer->position();
     const bool inside = m_area.contains(position);
     scheduleFor(position); // first: a handler below may stop the tracker
     if (inside == m_inside)

@@ -14,7 +14,9 @@
 #include <QRect>
 #include <QTimer>
 
-#include <functional>
+#include <memory>
+
+class PointerPosition;
 
 class PointerTracker : public QObject
 {
@@ -28,6 +30,7 @@ public:
     static constexpr int InsideIntervalMs = 100;
 
     explicit PointerTracker(const QRect& area, QObject* parent = nullptr);
+    ~PointerTracker() override;
 
     QRect area() const { return m_area; }
     bool isInside() const { return m_inside; }
@@ -50,6 +53,7 @@ private:
     void scheduleFor(const QPoint& position);
 
     QRect m_area;
+    std::unique_ptr<PointerPosition> m_pointer;
     QTimer m_timer;
     bool m_inside = false;
     bool m_attentive = false;
