@@ -8,9 +8,7 @@
 // (someone waits for the pointer to stay), every few milliseconds.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QPoint>
 #include <QRect>
 #include <QTimer>
 
@@ -34,21 +32,19 @@ public:
 
     QRect area() const { return m_area; }
     bool isInside() const { return m_inside; }
-    bool isTracking() const { return m_timer.isActive(); }
 
     // Starts asking (the first time at once); stop() forgets whether the pointer was inside.
     void start();
     void stop();
     void setAttentive(bool attentive);
 
-    // The milliseconds until the next question for a pointer at `position`.
-    int intervalFor(const QPoint& position) const;
-
 signals:
     void entered();
     void left();
 
 private:
+    // The milliseconds until the next question for a pointer at `position`.
+    int intervalFor(const QPoint& position) const;
     void poll();
     void scheduleFor(const QPoint& position);
 
