@@ -58,6 +58,7 @@ void pressHotKey(xcb_connection_t* c, xcb_key_symbols_t* symbols)
 void benchHotKey(const QProcessEnvironment& env)
 {
     HVUserDefaults defaults(env.value("XDG_CONFIG_HOME") + "/Nimbo/Nimbo.conf");
+    defaults.setBool(false, "showWelcomeWindow");
     HVController controller(&defaults);
     controller.awakeFromNib();
     controller.applicationWillFinishLaunching();

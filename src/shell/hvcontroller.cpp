@@ -6,6 +6,7 @@
 #include "hvpreferences.h"
 #include "hvstatusitem.h"
 #include "hvstatusmenu.h"
+#include "hvwelcomeassistant.h"
 #include "hvwindow.h"
 #include "modifiermonitor.h"
 
@@ -56,6 +57,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     m_appManager->setKeptApplicationsSource(&DesktopFavourites::keptApplicationPaths);
     m_iconView = new HVIconView(m_appManager, m_defaults);
     m_mainWindow = new HVWindow(m_iconView, m_defaults);
+    HVWelcomeAssistant::registerDefaults(m_defaults);
     new FirstPaintProbe(m_iconView);
     m_hotKey = new GlobalHotKey(this);
     m_modifierMonitor = new ModifierMonitor(this);
@@ -173,6 +175,8 @@ void HVController::applicationDidFinishLaunching()
     const qint64 count = m_defaults->integerForKey(LaunchCountKey);
     if (count == 0)
         m_appManager->autoExcludeDockApps(false, true);
+    if (count == 0 && m_defaults->boolForKey(QStringLiteral("showWelcomeWindow")))
+        openWelcome(); // the first launch takes the tour
     if (!hasMouseAccess() && !hasKeyboardAccess() &&
         m_defaults->boolForKey(QStringLiteral("showNoUIAccessWarning")))
         alertIfNoAccess();

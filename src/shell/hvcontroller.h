@@ -85,6 +85,8 @@ public:
     // The about window, the home page and the update check (hvcontroller_info.cpp).
     void openAbout();
     void openHomeURL();
+    void openWelcome();
+    void openUserGuide();
     void checkForUpdates();
     // Quits, asking first only when Nimbo could not be reached again (no taskbar entry, no tray).
     void quitApp();
@@ -162,6 +164,7 @@ private:
     QVariant m_saidBadHotSpotLocation; // the last stored location that is no place, said once
     bool m_saidNoHotSpots = false;
     class HVAboutWindow* m_aboutWindow = nullptr;
+    bool m_welcomeAssistantWasOpen = false;
     class HVUpdatePrompt* m_updatePrompt = nullptr;
     QTimer* m_windowCloseTimer = nullptr;
     QDateTime m_didBecomeActiveDate;

@@ -1,10 +1,14 @@
 #include "hvaboutwindow.h"
 #include "hvcontroller.h"
 #include "hvupdateprompt.h"
+#include "hvwelcomeassistant.h"
 
 #include "common/nimboinfo.h"
 
 #include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
 #include <QUrl>
 
 void HVController::openAbout()
@@ -23,6 +27,27 @@ void HVController::openHomeURL()
 {
     if (!QDesktopServices::openUrl(QUrl(NimboInfo::homeUrl())))
         qWarning("Nimbo could not open its home page %s in a browser", qPrintable(NimboInfo::homeUrl()));
+}
+
+void HVController::openWelcome()
+{
+    activate();
+    HVWelcomeAssistant::sharedAssistantWithPDFName(QStringLiteral("Welcome to Nimbo"), m_defaults);
+}
+
+void HVController::openUserGuide()
+{
+    // The desktop's PDF viewer opens a copy of the built-in guide.
+    const QString name = QStringLiteral("Nimbo User Guide.pdf");
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    const QString copy = folder + QLatin1Char('/') + name;
+    QFile::remove(copy);
+    if (!QDir().mkpath(folder) || !QFile::copy(QStringLiteral(":/docs/") + name, copy)) {
+        qWarning("Nimbo could not put its user guide in %s", qPrintable(folder));
+        return;
+    }
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(copy)))
+        qWarning("No PDF viewer opened the user guide %s", qPrintable(copy));
 }
 
 void HVController::checkForUpdates()

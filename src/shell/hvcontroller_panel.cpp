@@ -3,6 +3,7 @@
 #include "hvcontroller.h"
 
 #include "hvaboutwindow.h"
+#include "hvwelcomeassistant.h"
 #include "hvwindow.h"
 
 #include "browser/hviconview.h"
@@ -37,6 +38,9 @@ void HVController::hideMainWindow()
     if (m_aboutWindow && m_aboutWindow->isVisible())
         m_aboutWindow->close();
     closeExclusionWindow();
+    m_welcomeAssistantWasOpen = HVWelcomeAssistant::isWindowVisible();
+    if (m_welcomeAssistantWasOpen)
+        HVWelcomeAssistant::closeWindow();
     if (mainWindowIsVisible())
         m_mainWindow->hidePanel();
 }
@@ -118,6 +122,8 @@ void HVController::showHideMainWindow()
     } else if (!visible) {
         activate();
         applicationOpenUntitledFile();
+        if (m_welcomeAssistantWasOpen)
+            openWelcome(); // the tour comes back where it was left
     } else if (m_mainWindow->hasBeenMoved()) {
         activate(); // a panel dragged aside comes back into use
     } else {

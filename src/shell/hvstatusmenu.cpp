@@ -1,6 +1,7 @@
 #include "hvstatusmenu.h"
 
 #include "hvcontroller.h"
+#include "hvwelcomeassistant.h"
 
 HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
     : QMenu(parent), m_controller(controller)
@@ -21,6 +22,8 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
     m_autoExclude = addAction(tr("Automatic Exclusion…"), controller, &HVController::autoExcludeApps);
     addSeparator();
     // Welcome, user guide, home page, feedback.
+    m_welcome = addAction(tr("Welcome to Nimbo"), controller, &HVController::openWelcome);
+    addAction(tr("Nimbo User Guide"), controller, &HVController::openUserGuide);
     addAction(tr("Nimbo Home Page"), controller, &HVController::openHomeURL);
     addSeparator();
     addAction(tr("Quit Nimbo"), controller, &HVController::quitApp);
@@ -32,4 +35,5 @@ void HVStatusMenu::validateMenuItems()
 {
     m_showHide->setText(m_controller->mainWindowIsVisible() ? tr("Hide Nimbo") : tr("Show Nimbo"));
     m_preferences->setEnabled(!m_controller->preferencesAreVisible());
+    m_welcome->setEnabled(!HVWelcomeAssistant::isWindowVisible());
 }

@@ -25,4 +25,5 @@ private:
     QAction* m_showHide;
     QAction* m_preferences;
     QAction* m_autoExclude;
+    QAction* m_welcome;
 };

@@ -117,6 +117,7 @@ private slots:
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setBool(false, "showNoUIAccessWarning");
         defaults->setBool(false, "showNoMouseAccessWarning");
+        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults.get());
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();

@@ -100,6 +100,7 @@ private slots:
                               .toUtf8());
         }
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults.get());
         QVERIFY(controller->registerBusService());
         controller->awakeFromNib();

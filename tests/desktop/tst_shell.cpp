@@ -72,6 +72,7 @@ private slots:
         writeEntry("eyes", "Eyes", "xeyes");
         writeEntry("terminal", "Terminal", "xterm");
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults.get());
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();

@@ -159,6 +159,7 @@ private slots:
                       "[Desktop Entry]\nType=Application\nName=Clock\nExec=xclock\n");
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setBool(false, "showWindowAtLaunch");
+        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults.get());
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();

@@ -153,6 +153,7 @@ private slots:
                     .arg(name, env.root())
                     .toUtf8());
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults.get());
         QVERIFY(controller->registerBusService());
         controller->awakeFromNib();

@@ -1,0 +1,95 @@
+// The welcome tour pages through the built-in PDF a step at a time, remembers the step, counts as
+// done at its last page and then starts over; a document that is not there leaves no window.
+#include "support/testenvironment.h"
+
+#include "common/hvuserdefaults.h"
+#include "shell/hvwelcomeassistant.h"
+
+#include <QLabel>
+#include <QPdfDocument>
+#include <QPdfSelection>
+#include <QPushButton>
+#include <QtTest>
+
+class TestWelcomeAssistant : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    std::unique_ptr<HVUserDefaults> defaults;
+
+    HVWelcomeAssistant* open()
+    {
+        return HVWelcomeAssistant::sharedAssistantWithPDFName(QStringLiteral("Welcome to Nimbo"),
+                                                              defaults.get());
+    }
+
+private slots:
+    void init()
+    {
+        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        HVWelcomeAssistant::registerDefaults(defaults.get());
+    }
+    void cleanup() { HVWelcomeAssistant::closeWindow(); }
+
+    void theTourPagesAndIsDoneAtItsEnd()
+    {
+        HVWelcomeAssistant* tour = open();
+        QVERIFY(tour && HVWelcomeAssistant::isWindowVisible());
+        QCOMPARE(open(), tour); // one at a time
+        const int last = tour->lastStep();
+        QVERIFY(last >= 3);
+        QCOMPARE(tour->stepLabel()->text(), QString("1 of %1").arg(last));
+        QVERIFY(!tour->prevButton()->isEnabled());
+        tour->nextButton()->click();
+        QCOMPARE(tour->stepLabel()->text(), QString("2 of %1").arg(last));
+        QCOMPARE(defaults->integerForKey("lastShownWelcomeStep"), 2);
+        QVERIFY(tour->prevButton()->isEnabled());
+        QDir().mkpath(NIMBO_BINARY_DIR "/screenshots");
+        QTest::qWait(300); // the page renders in the background
+        tour->grab().save(NIMBO_BINARY_DIR "/screenshots/welcome.png");
+        while (tour->currentStep() < last)
+            tour->nextButton()->click();
+        QCOMPARE(tour->nextButton()->text(), QString("Close"));
+        QVERIFY(!defaults->boolForKey("showWelcomeWindow"));
+        QPointer<HVWelcomeAssistant> closing(tour);
+        tour->nextButton()->click();
+        QTRY_VERIFY(!closing);
+        QVERIFY(!HVWelcomeAssistant::isWindowVisible());
+
+        // Done once, it starts over; a step left midway, or out of range, is taken up clamped.
+        QCOMPARE(open()->currentStep(), 1);
+        HVWelcomeAssistant::closeWindow();
+        const struct
+        {
+            int stored;
+            bool done;
+            int shown;
+        } cases[] = {{3, true, 3}, {3, false, 3}, {999, false, last}, {999, true, 1}, {-4, true, 1}};
+        for (const auto& c : cases) {
+            defaults->setInteger(c.stored, "lastShownWelcomeStep");
+            defaults->setBool(!c.done, "showWelcomeWindow");
+            QCOMPARE(open()->currentStep(), c.shown);
+            QTRY_VERIFY(HVWelcomeAssistant::isWindowVisible());
+            HVWelcomeAssistant::closeWindow();
+            QTRY_VERIFY(!HVWelcomeAssistant::isWindowVisible());
+        }
+    }
+
+    void aMissingDocumentShowsNoWindow()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "PDF not found for welcome window");
+        QVERIFY(!HVWelcomeAssistant::sharedAssistantWithPDFName("No Such Tour", defaults.get()));
+        QVERIFY(!HVWelcomeAssistant::isWindowVisible());
+    }
+
+    void theUserGuideIsBuiltIn()
+    {
+        QPdfDocument guide;
+        QCOMPARE(guide.load(":/docs/Nimbo User Guide.pdf"), QPdfDocument::Error::None);
+        QVERIFY(guide.pageCount() >= 2);
+        QVERIFY(guide.getAllText(0).text().contains("Summoning the panel"));
+    }
+};
+
+QTEST_MAIN(TestWelcomeAssistant)
+#include "tst_welcomeassistant.moc"
