@@ -58,6 +58,7 @@ private slots:
         entry("Software Centre", "MimeType=x-scheme-handler/appstream;\n");
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setInteger(1, "applicationLaunchCount"); // not the first launch: nothing excluded yet
+        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults.get());
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();
