@@ -97,13 +97,14 @@ void HVController::enableCursorHotSpot(qint64 location)
 {
     disableHotCorner();
     if (!HVHotSpotWindow::isLocation(location)) {
+        // A code of no known place stands for the top edge.
         if (m_saidBadHotSpotLocation != QVariant(location))
             qCWarning(lcTriggers,
                       "\"cursorHotSpotLocation\" %lld is not a place on the screen (0 to 8): "
-                      "no hot spot",
+                      "the top edge instead",
                       location);
         m_saidBadHotSpotLocation = location;
-        return;
+        location = HVHotSpotWindow::TopEdge;
     }
     if (location == HVHotSpotWindow::None)
         return;

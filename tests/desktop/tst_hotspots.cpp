@@ -151,10 +151,11 @@ private slots:
         QVERIFY(search.waitForFinished());
         QCOMPARE(search.readAllStandardOutput().trimmed().split('\n').size(), 1);
 
-        // A location that is no place is said once and means none.
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cursorHotSpotLocation.*12.*no hot spot"));
-        defaults->setInteger(12, "cursorHotSpotLocation");
-        QVERIFY(!controller->hotSpotWindow());
+        // A code of no place is said once and stands for the top edge.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cursorHotSpotLocation.*-3.*top edge"));
+        defaults->setInteger(-3, "cursorHotSpotLocation");
+        QVERIFY(controller->hotSpotWindow());
+        QCOMPARE(view()->area(), QRect(28, 0, 1544, 1));
         QTest::failOnWarning(QRegularExpression("cursorHotSpotLocation"));
         controller->updateCursorHotSpot(); // as a change of screens would: nothing more is said
         defaults->setInteger(HVHotSpotWindow::None, "cursorHotSpotLocation");
