@@ -512,6 +512,14 @@
         <source>Nimbo Home Page</source>
         <translation>Nimbo-Webseite</translation>
     </message>
+    <message>
+        <source>Welcome to Nimbo</source>
+        <translation>Willkommen bei Nimbo</translation>
+    </message>
+    <message>
+        <source>Nimbo User Guide</source>
+        <translation>Nimbo-Benutzerhandbuch</translation>
+    </message>
 </context>
 <context>
     <name>HVUpdatePrompt</name>
@@ -550,6 +558,25 @@
     <message>
         <source>Remind Me Later</source>
         <translation>Später erinnern</translation>
+    </message>
+</context>
+<context>
+    <name>HVWelcomeAssistant</name>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>

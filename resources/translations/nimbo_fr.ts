@@ -512,6 +512,14 @@
         <source>Nimbo Home Page</source>
         <translation>Site web de Nimbo</translation>
     </message>
+    <message>
+        <source>Welcome to Nimbo</source>
+        <translation>Bienvenue dans Nimbo</translation>
+    </message>
+    <message>
+        <source>Nimbo User Guide</source>
+        <translation>Guide de l’utilisateur de Nimbo</translation>
+    </message>
 </context>
 <context>
     <name>HVUpdatePrompt</name>
@@ -550,6 +558,25 @@
     <message>
         <source>Remind Me Later</source>
         <translation>Me le rappeler plus tard</translation>
+    </message>
+</context>
+<context>
+    <name>HVWelcomeAssistant</name>
+    <message>
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
     </message>
 </context>
 <context>
