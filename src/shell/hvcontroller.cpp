@@ -176,7 +176,7 @@ void HVController::applicationDidFinishLaunching()
     if (count == 0)
         m_appManager->autoExcludeDockApps(false, true);
     if (count == 0 && m_defaults->boolForKey(QStringLiteral("showWelcomeWindow")))
-        openWelcome(); // the first launch takes the tour
+        openWelcomeBesidePanel(); // the first launch takes the tour
     if (!hasMouseAccess() && !hasKeyboardAccess() &&
         m_defaults->boolForKey(QStringLiteral("showNoUIAccessWarning")))
         alertIfNoAccess();

@@ -86,6 +86,8 @@ public:
     void openAbout();
     void openHomeURL();
     void openWelcome();
+    // The tour at the first launch: beside the panel, which keeps the focus.
+    void openWelcomeBesidePanel();
     void openUserGuide();
     void checkForUpdates();
     // Quits, asking first only when Nimbo could not be reached again (no taskbar entry, no tray).

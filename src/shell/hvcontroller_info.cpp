@@ -2,14 +2,18 @@
 #include "hvcontroller.h"
 #include "hvupdateprompt.h"
 #include "hvwelcomeassistant.h"
+#include "hvwindow.h"
 
 #include "common/nimboinfo.h"
 
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <algorithm>
 
 void HVController::openAbout()
 {
@@ -33,6 +37,30 @@ void HVController::openWelcome()
 {
     activate();
     HVWelcomeAssistant::sharedAssistantWithPDFName(QStringLiteral("Welcome to Nimbo"), m_defaults);
+}
+
+void HVController::openWelcomeBesidePanel()
+{
+    HVWelcomeAssistant* tour =
+        HVWelcomeAssistant::sharedAssistantWithPDFName(QStringLiteral("Welcome to Nimbo"), m_defaults, true);
+    if (!tour || !mainWindowIsVisible())
+        return;
+    // Right of the panel where there is room, else left of it, else below; centred beside it.
+    constexpr int Gap = 16;
+    const QRect panel = m_mainWindow->frameGeometry();
+    const QRect screen = m_mainWindow->screen()->availableGeometry();
+    QRect place(QPoint(), tour->frameGeometry().size());
+    place.moveCenter(panel.center());
+    if (panel.right() + Gap + place.width() <= screen.right())
+        place.moveLeft(panel.right() + Gap);
+    else if (panel.left() - Gap - place.width() >= screen.left())
+        place.moveRight(panel.left() - Gap);
+    else
+        place.moveTop(panel.bottom() + Gap);
+    place.moveTop(
+        std::clamp(place.top(), screen.top(), std::max(screen.top(), screen.bottom() - place.height())));
+    tour->move(place.topLeft());
+    m_mainWindow->raisePanel();
 }
 
 void HVController::openUserGuide()

@@ -28,14 +28,14 @@ void HVWelcomeAssistant::registerDefaults(HVUserDefaults* defaults)
 }
 
 HVWelcomeAssistant* HVWelcomeAssistant::sharedAssistantWithPDFName(const QString& pdfName,
-                                                                   HVUserDefaults* defaults)
+                                                                   HVUserDefaults* defaults, bool besidePanel)
 {
     if (s_shared) {
         bringWindowToFront();
         return s_shared;
     }
     s_shared = new HVWelcomeAssistant(pdfName, defaults);
-    if (!s_shared->windowDidLoad()) {
+    if (!s_shared->windowDidLoad(besidePanel)) {
         delete s_shared;
         return nullptr;
     }
@@ -94,7 +94,7 @@ HVWelcomeAssistant::HVWelcomeAssistant(const QString& pdfName, HVUserDefaults* d
     connect(m_prevButton, &QPushButton::clicked, this, &HVWelcomeAssistant::showPreviousStep);
 }
 
-bool HVWelcomeAssistant::windowDidLoad()
+bool HVWelcomeAssistant::windowDidLoad(bool besidePanel)
 {
     const QString path = QStringLiteral(":/docs/") + m_pdfName + QStringLiteral(".pdf");
     if (m_document->load(path) != QPdfDocument::Error::None || m_document->pageCount() < 1) {
@@ -115,6 +115,11 @@ bool HVWelcomeAssistant::windowDidLoad()
     showStep(m_curStep);
     connect(m_pdfView->pageNavigator(), &QPdfPageNavigator::currentPageChanged, this,
             &HVWelcomeAssistant::updateStepNumberField);
+    if (besidePanel) {
+        setAttribute(Qt::WA_ShowWithoutActivating);
+        show();
+        return true;
+    }
     show();
     raise();
     activateWindow();

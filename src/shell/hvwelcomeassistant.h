@@ -18,7 +18,9 @@ class HVWelcomeAssistant : public QWidget
 public:
     // The shared assistant for the built-in document of that name, made and shown when there is
     // none. A document that cannot be read leaves the window hidden, with a line in the log.
-    static HVWelcomeAssistant* sharedAssistantWithPDFName(const QString& pdfName, HVUserDefaults* defaults);
+    // Shown beside the panel, the window leaves it the keys and the focus.
+    static HVWelcomeAssistant* sharedAssistantWithPDFName(const QString& pdfName, HVUserDefaults* defaults,
+                                                          bool besidePanel = false);
     static bool isWindowVisible();
     static void bringWindowToFront();
     static void closeWindow();
@@ -42,7 +44,7 @@ protected:
 
 private:
     HVWelcomeAssistant(const QString& pdfName, HVUserDefaults* defaults);
-    bool windowDidLoad();
+    bool windowDidLoad(bool besidePanel);
     void storeStep();
 
     static QPointer<HVWelcomeAssistant> s_shared;
