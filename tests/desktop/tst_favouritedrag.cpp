@@ -8,6 +8,7 @@
 #include "catalogue/listfilestore.h"
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
+#include "support/startnimbo.h"
 
 #include <QApplication>
 #include <QProcess>
@@ -104,11 +105,7 @@ private slots:
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setBool(false, "showNoUIAccessWarning");
         defaults->setBool(false, "showNoMouseAccessWarning");
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults.get());
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
-        controller->applicationDidFinishLaunching();
+        controller = startNimbo(defaults.get());
         QTRY_VERIFY(controller->mainWindowIsVisible());
         QTRY_VERIFY(app("d"));
     }

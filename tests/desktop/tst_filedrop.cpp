@@ -10,6 +10,7 @@
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvwindow.h"
+#include "support/startnimbo.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -94,11 +95,7 @@ private slots:
         m_defaults = std::make_unique<HVUserDefaults>(m_fixture.env().configHome() + "/Nimbo/Nimbo.conf");
         m_defaults->setBool(false, "showNoUIAccessWarning");
         m_defaults->setBool(false, "showNoMouseAccessWarning");
-        m_defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        m_controller = std::make_unique<HVController>(m_defaults.get());
-        m_controller->awakeFromNib();
-        m_controller->applicationWillFinishLaunching();
-        m_controller->applicationDidFinishLaunching();
+        m_controller = startNimbo(m_defaults.get());
         QTRY_VERIFY(app("pictures"));
     }
 

@@ -9,6 +9,7 @@
 #include "common/hvuserdefaults.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvwindow.h"
+#include "support/startnimbo.h"
 
 #include <QApplication>
 #include <QJsonArray>
@@ -117,11 +118,7 @@ private slots:
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setBool(false, "showNoUIAccessWarning");
         defaults->setBool(false, "showNoMouseAccessWarning");
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults.get());
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
-        controller->applicationDidFinishLaunching();
+        controller = startNimbo(defaults.get());
         QTRY_VERIFY(controller->mainWindowIsVisible());
         manager()->moveApp(app("eyes"), HVAppGroupUser, 0, HVIndexPastEnd);
         manager()->excludeApp(app("term"));

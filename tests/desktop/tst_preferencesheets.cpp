@@ -13,6 +13,7 @@
 #include "shell/hvpreferenceswindow.h"
 #include "shell/hvremoverchooser.h"
 #include "shell/hvstatusmenu.h"
+#include "support/startnimbo.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -58,11 +59,7 @@ private slots:
         entry("Software Centre", "MimeType=x-scheme-handler/appstream;\n");
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setInteger(1, "applicationLaunchCount"); // not the first launch: nothing excluded yet
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults.get());
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
-        controller->applicationDidFinishLaunching();
+        controller = startNimbo(defaults.get());
         QTRY_VERIFY(controller->mainWindowIsVisible());
     }
 

@@ -6,6 +6,7 @@
 #include "common/hvuserdefaults.h"
 #include "platform/launchatlogin.h"
 #include "shell/hvcontroller.h"
+#include "support/startnimbo.h"
 
 #include <QApplication>
 #include <QDBusArgument>
@@ -159,11 +160,7 @@ private slots:
                       "[Desktop Entry]\nType=Application\nName=Clock\nExec=xclock\n");
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults->setBool(false, "showWindowAtLaunch");
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults.get());
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
-        controller->applicationDidFinishLaunching();
+        controller = startNimbo(defaults.get());
     }
 
     void cleanupTestCase()
