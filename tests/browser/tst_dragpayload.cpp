@@ -43,7 +43,13 @@ private slots:
         otherProcess["_pid"] = pid + 1;
         QVariantMap noApp = good;
         noApp.remove("_app");
+        QVariantMap listAsGroup = good;
+        listAsGroup["_group"] = QStringList{"8"};
         const QByteArray whole = HVDragPayload().encoded();
+        QByteArray hugeList = stream("ivDict", {}).chopped(4);
+        QDataStream(&hugeList, QIODevice::Append)
+            << quint32(1) << QStringLiteral("_app") << quint32(QMetaType::QVariantList) << qint8(0)
+            << quint32(0xffffffff);
         const struct
         {
             const char* name;
@@ -55,6 +61,8 @@ private slots:
             {"another process", stream("ivDict", otherProcess)},
             {"another dictionary", stream("other", good)},
             {"no app", stream("ivDict", noApp)},
+            {"a value of a type the payload never holds", stream("ivDict", listAsGroup)},
+            {"a list claiming four billion values", hugeList},
         };
         QVERIFY(HVDragPayload::decoded(stream("ivDict", good)));
         for (const auto& c : cases) {
