@@ -14,7 +14,8 @@
 namespace {
 xcb_connection_t* connection()
 {
-    auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    auto* gui = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    auto* x11 = gui ? gui->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     return x11 ? x11->connection() : nullptr;
 }
 
@@ -105,15 +106,15 @@ QList<quint16> lockVariants(quint16 numLock)
 
 GlobalHotKey::GlobalHotKey(QObject* parent) : QObject(parent)
 {
-    if (qGuiApp)
-        qGuiApp->installNativeEventFilter(this);
+    if (QCoreApplication::instance())
+        QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
 GlobalHotKey::~GlobalHotKey()
 {
     unregisterHotKey();
-    if (qGuiApp)
-        qGuiApp->removeNativeEventFilter(this);
+    if (QCoreApplication::instance())
+        QCoreApplication::instance()->removeNativeEventFilter(this);
 }
 
 bool GlobalHotKey::registerHotKey(const QString& keysym, int modifierMask)

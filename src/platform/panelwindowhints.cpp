@@ -13,7 +13,8 @@ struct Ewmh
     bool ok = false;
     Ewmh()
     {
-        auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+        auto* gui = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+        auto* x11 = gui ? gui->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
         if (!x11 || !x11->connection())
             return;
         xcb_intern_atom_cookie_t* cookies = xcb_ewmh_init_atoms(x11->connection(), &connection);

@@ -9,7 +9,8 @@
 namespace {
 xcb_connection_t* qtConnection(int* screen)
 {
-    auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    auto* gui = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    auto* x11 = gui ? gui->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     *screen = 0;
     return x11 ? x11->connection() : nullptr;
 }
@@ -22,7 +23,8 @@ std::unique_ptr<X11Connection> X11Connection::open()
         std::unique_ptr<X11Connection> connection(new X11Connection(shared, screen, false));
         return connection->initialise() ? std::move(connection) : nullptr;
     }
-    if (qGuiApp && QGuiApplication::platformName() == QLatin1String("wayland")) {
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) &&
+        QGuiApplication::platformName() == QLatin1String("wayland")) {
         qInfo("Wayland session: other applications' windows can be neither tracked nor shown, hidden or "
               "closed");
         return nullptr;
@@ -47,8 +49,8 @@ X11Connection::X11Connection(xcb_connection_t* connection, int screen, bool own)
 
 X11Connection::~X11Connection()
 {
-    if (!m_own && qGuiApp)
-        qGuiApp->removeNativeEventFilter(this);
+    if (!m_own && QCoreApplication::instance())
+        QCoreApplication::instance()->removeNativeEventFilter(this);
     if (m_ewmhReady)
         xcb_ewmh_connection_wipe(&m_ewmh);
     if (m_own)
@@ -76,7 +78,7 @@ bool X11Connection::initialise()
         m_notifier = new QSocketNotifier(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read, this);
         connect(m_notifier, &QSocketNotifier::activated, this, &X11Connection::readEvents);
     } else {
-        qGuiApp->installNativeEventFilter(this);
+        QCoreApplication::instance()->installNativeEventFilter(this);
     }
     return true;
 }
