@@ -255,8 +255,9 @@ void HVController::applicationOpenFiles(const QStringList& uris)
     applicationOpenUntitledFile();
     if (items.isEmpty())
         return;
+    // The offer replaces any earlier one, whose items leave the drop stack first.
+    m_iconView->offerItemsToOpen(items);
     DropStack::sharedDropStack().push(QVariant::fromValue(items));
-    m_iconView->offerItemsToOpen(DropStack::sharedDropStack().urls());
 }
 
 bool HVController::applicationShouldOpenUntitledFile() const

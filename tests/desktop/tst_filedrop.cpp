@@ -170,6 +170,7 @@ private slots:
         QCOMPARE(nimbo.exitCode(), 0);
         QTRY_VERIFY(m_controller->mainWindowIsVisible());
         QTRY_COMPARE(droppable(), QStringList{"viewer"});
+        QCOMPARE(DropStack::sharedDropStack().count(), 3);
 
         // A click on an app that cannot open them beeps, launches nothing and keeps the offer.
         QVERIFY(moveTo(centreOf("pictures")));
