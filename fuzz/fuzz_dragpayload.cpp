@@ -4,14 +4,10 @@
 
 #include "browser/hvdragpayload.h"
 
-#include <QGuiApplication>
-
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
-    FuzzInput::silenceQt();
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     // The panel decodes with its application object running; values of Gui types need it.
-    new QGuiApplication(*argc, *argv);
+    FuzzInput::startQuietGuiApplication(argc, argv);
     return 0;
 }
 

@@ -6,14 +6,10 @@
 #include "catalogue/iconanalysis.h"
 #include "platform/iconfilerenderer.h"
 
-#include <QGuiApplication>
-
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
-    FuzzInput::silenceQt();
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     // Image format plugins (and SVG's fonts) need the application object.
-    new QGuiApplication(*argc, *argv);
+    FuzzInput::startQuietGuiApplication(argc, argv);
     return 0;
 }
 

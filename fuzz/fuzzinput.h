@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QString>
 #include <QTemporaryDir>
 #include <QtGlobal>
@@ -18,6 +19,14 @@ inline void quietMessages(QtMsgType, const QMessageLogContext&, const QString&) 
 inline void silenceQt()
 {
     qInstallMessageHandler(quietMessages);
+}
+
+// A quiet, offscreen application object, for readers that need one (image plugins, Gui types).
+inline void startQuietGuiApplication(int* argc, char*** argv)
+{
+    silenceQt();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    new QGuiApplication(*argc, *argv);
 }
 
 // The process's scratch folder, emptied of anything a reader left behind (set-aside files).
