@@ -275,9 +275,10 @@ void HVIconOverlayView::repaintLabel()
 
 void HVIconOverlayView::repaintFilter()
 {
-    update(m_paintedFilter.toAlignedRect().adjusted(-1, -1, 4, 4));
+    constexpr int Reach = FilterTextImage::ShadowReach + 1;
+    update(m_paintedFilter.toAlignedRect().adjusted(-1, -1, Reach, Reach));
     m_paintedFilter = filterBox();
-    update(m_paintedFilter.toAlignedRect().adjusted(-1, -1, 4, 4));
+    update(m_paintedFilter.toAlignedRect().adjusted(-1, -1, Reach, Reach));
 }
 
 void HVIconOverlayView::drawLabel(QPainter& painter)
@@ -297,18 +298,13 @@ void HVIconOverlayView::drawLabel(QPainter& painter)
 
 void HVIconOverlayView::drawFilterString(QPainter& painter)
 {
-    painter.setFont(filterFont());
-    painter.setOpacity(m_filterOpacity);
     const QRectF area = filterBox();
-    const int flags = Qt::AlignCenter | Qt::TextSingleLine;
-    // A blurred shadow is too slow for every keystroke; three offset copies stand in for it.
     QColor shadow = contrasting(m_foreground);
     shadow.setAlphaF(0.35);
-    painter.setPen(shadow);
-    for (const QPointF& offset : {QPointF(2, 2), QPointF(3, 3), QPointF(1, 3)})
-        painter.drawText(area.translated(offset), flags, m_filterString);
-    painter.setPen(m_foreground);
-    painter.drawText(area, flags, m_filterString);
+    const QImage& text = m_filterText.image(m_filterString, {filterFont(), m_foreground, shadow}, area.size(),
+                                            devicePixelRatioF());
+    painter.setOpacity(m_filterOpacity);
+    painter.drawImage(area.topLeft(), text);
     painter.setOpacity(1.0);
 }
 

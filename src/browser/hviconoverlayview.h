@@ -6,6 +6,7 @@
 
 #include "catalogue/hvapparray.h"
 #include "common/hvnotification.h"
+#include "filtertextimage.h"
 
 #include <QColor>
 #include <QPointer>
@@ -70,6 +71,7 @@ private:
     bool m_showLongLabel = false;
     QRectF m_paintedLabel; // where the label and the filter text were last asked to be drawn
     QRectF m_paintedFilter;
+    FilterTextImage m_filterText;
     QTimer* m_labelTimer;
     QString m_filterString;
     QTimer* m_filterStringTimer;

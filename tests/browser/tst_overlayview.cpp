@@ -100,7 +100,16 @@ private slots:
         QCOMPARE(f.overlay->filterString(), QString("al"));
         QCOMPARE(f.overlay->filterOpacity(), 1.0);
         QVERIFY(!f.overlay->isFading());
-        f.overlay->grab();
+        // The text and its shadow are drawn in the middle of the panel, and go with the fade.
+        auto coloursInTheMiddle = [&f] {
+            const QImage drawn = f.overlay->grab().toImage();
+            QSet<QRgb> colours;
+            for (int y = drawn.height() / 2 - 30; y < drawn.height() / 2 + 30; ++y)
+                for (int x = drawn.width() / 2 - 40; x < drawn.width() / 2 + 40; ++x)
+                    colours.insert(drawn.pixel(x, y));
+            return colours.size();
+        };
+        QVERIFY(coloursInTheMiddle() > 3);
         QTRY_VERIFY_WITH_TIMEOUT(f.overlay->isFading(), 3000);
         // A key during the fade starts a new word, shown whole.
         f.type("e");
@@ -109,6 +118,7 @@ private slots:
         QCOMPARE(f.overlay->filterString(), QString("e"));
         QVERIFY(faded.wait(4000));
         QCOMPARE(f.overlay->filterString(), QString());
+        QCOMPARE(coloursInTheMiddle(), 1);
     }
 
     void anAppThatDisappearsUnderThePointerIsDrawnSafely()
