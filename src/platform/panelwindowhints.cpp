@@ -7,12 +7,31 @@
 #include <xcb/xcb_ewmh.h>
 
 namespace {
-struct Ewmh
+// The window manager's atoms, interned once per window that asks (interning them is a round trip
+// to the X server, too slow to repeat on every showing of the panel) and freed with the window.
+class Ewmh : public QObject
 {
+public:
     xcb_ewmh_connection_t connection{};
     bool ok = false;
-    Ewmh()
+
+    static Ewmh& of(QWidget* window)
     {
+        auto* atoms = window->findChild<QObject*>(Name, Qt::FindDirectChildrenOnly);
+        return atoms ? *static_cast<Ewmh*>(atoms) : *new Ewmh(window);
+    }
+    ~Ewmh() override
+    {
+        if (ok)
+            xcb_ewmh_connection_wipe(&connection);
+    }
+
+private:
+    static constexpr QLatin1StringView Name{"ewmhAtoms"};
+
+    explicit Ewmh(QWidget* window) : QObject(window)
+    {
+        setObjectName(Name);
         auto* gui = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
         auto* x11 = gui ? gui->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
         if (!x11 || !x11->connection())
@@ -20,16 +39,11 @@ struct Ewmh
         xcb_intern_atom_cookie_t* cookies = xcb_ewmh_init_atoms(x11->connection(), &connection);
         ok = xcb_ewmh_init_atoms_replies(&connection, cookies, nullptr);
     }
-    ~Ewmh()
-    {
-        if (ok)
-            xcb_ewmh_connection_wipe(&connection);
-    }
 };
 
 void changeState(QWidget* window, xcb_atom_t (*atom)(const xcb_ewmh_connection_t&), bool on)
 {
-    Ewmh ewmh;
+    Ewmh& ewmh = Ewmh::of(window);
     if (!ewmh.ok || !window->windowHandle())
         return;
     xcb_ewmh_request_change_wm_state(&ewmh.connection, 0, xcb_window_t(window->winId()),
@@ -43,7 +57,7 @@ namespace PanelWindowHints {
 
 void setOnAllWorkspaces(QWidget* window)
 {
-    Ewmh ewmh;
+    Ewmh& ewmh = Ewmh::of(window);
     if (!ewmh.ok || !window->windowHandle())
         return;
     const xcb_window_t id = xcb_window_t(window->winId());
@@ -64,7 +78,7 @@ void setSkipTaskbar(QWidget* window, bool skip)
 
 void requestActivation(QWidget* window)
 {
-    Ewmh ewmh;
+    Ewmh& ewmh = Ewmh::of(window);
     if (!ewmh.ok || !window->windowHandle())
         return;
     xcb_ewmh_request_change_active_window(&ewmh.connection, 0, xcb_window_t(window->winId()),

@@ -22,7 +22,7 @@ class PointerTracker : public QObject
 public:
     // A pointer is taken to move at most this fast (pixels per millisecond: a quick flick).
     static constexpr double MaxSpeed = 4.0;
-    static constexpr int ShortestIntervalMs = 8;
+    static constexpr int ShortestIntervalMs = 4;
     static constexpr int LongestIntervalMs = 250;
     // Inside the rectangle and not attentive, leaving only needs noticing in good time.
     static constexpr int InsideIntervalMs = 100;
