@@ -1,34 +1,36 @@
 // Bitmap preparation: the pixel layout record for every accepted layout, the bitmap read from an
-// icon image, the icon drawn at a size, image files that are odd or broken, and whole-bitmap gamma.
+// icon image, the icon drawn at a size, files read at a size, and whole-bitmap gamma.
 #include "colourtesthelpers.h"
 
 #include "colour/imageextras.h"
 #include "colour/pixelmanipulationoffsets.h"
 
-#include <QBuffer>
-#include <QTemporaryDir>
+#include "support/testenvironment.h"
 
 namespace {
-HVBitmapLayout layout(qint64 spp, qint64 bps, bool alpha, quint64 format = 0,
-                      qint64 model = HVColorSpaceModelRGB)
-{
-    HVBitmapLayout l;
-    l.pixelsWide = 2, l.pixelsHigh = 2, l.samplesPerPixel = spp, l.bitsPerSample = bps;
-    l.bitsPerPixel = spp * bps, l.bytesPerRow = 2 * spp * bps / 8, l.hasAlpha = alpha,
-    l.bitmapFormat = format;
-    l.colorSpaceModel = model;
-    return l;
-}
-
 PixelManipulationOffsets offsetsOf(const HVBitmapLayout& l, double gamma = 1.0)
 {
     const QByteArray bytes(l.bytesPerRow * l.pixelsHigh * (l.isPlanar ? l.samplesPerPixel : 1), '\0');
     return HVBitmapRep::withLayout(l, bytes).pixelManipulationOffsetsWithImageGamma(gamma);
 }
 
-QList<qint64> rgbaOffsets(const PixelManipulationOffsets& o)
+PixelManipulationOffsets offsetsOf(const QImage& image)
 {
-    return {o.redOffset, o.greenOffset, o.blueOffset, o.alphaOffset};
+    return HVBitmapRep::fromImage(image).pixelManipulationOffsetsWithImageGamma(1.0);
+}
+
+// A layout record in a line: the model's sample offsets (red, green, blue or grey, then alpha),
+// the alpha, bytes per pixel and size.
+QString brief(const PixelManipulationOffsets& o)
+{
+    const bool grey = o.colorSpaceModel == HVColorSpaceModelGray;
+    QStringList words{o.valid ? "" : "invalid", grey ? "grey" : "rgb"};
+    for (qint64 at : grey ? QList{o.grayOffset} : QList{o.redOffset, o.greenOffset, o.blueOffset})
+        words << QString::number(at);
+    const char* alpha = o.alphaPremultiplied ? "premultiplied" : "straight";
+    words << QString::number(o.alphaOffset) << (o.hasAlpha ? alpha : "opaque");
+    words << QStringLiteral("%1 bytes %2x%3").arg(o.bytesPerPixel).arg(o.pixelsWide).arg(o.pixelsHigh);
+    return words.join(' ').trimmed();
 }
 } // namespace
 
@@ -36,75 +38,44 @@ class TestBitmapPreparation : public QObject
 {
     Q_OBJECT
 private slots:
-    void rgbLayouts()
+    void layouts()
     {
-        const PixelManipulationOffsets rgba = HVBitmapRep::fromImage(filledBitmap(3, 2, 1, 2, 3, 4))
-                                                  .pixelManipulationOffsetsWithImageGamma(0.5);
-        QVERIFY(rgba.valid);
-        QCOMPARE(rgbaOffsets(rgba), (QList<qint64>{0, 1, 2, 3}));
-        QVERIFY(rgba.alphaPremultiplied && rgba.hasAlpha);
-        QCOMPARE(rgba.bytesPerPixel, 4);
-        QCOMPARE(rgba.pixelsWide, 3);
-        QCOMPARE(rgba.colorSpaceModel, HVColorSpaceModelRGB);
-
-        QImage straight(2, 2, QImage::Format_RGBA8888);
-        QVERIFY(
-            !HVBitmapRep::fromImage(straight).pixelManipulationOffsetsWithImageGamma(1).alphaPremultiplied);
-
-        QImage deep(2, 2, QImage::Format_RGBA64_Premultiplied);
-        const PixelManipulationOffsets o16 =
-            HVBitmapRep::fromImage(deep).pixelManipulationOffsetsWithImageGamma(1);
-        QCOMPARE(rgbaOffsets(o16), (QList<qint64>{0, 2, 4, 6}));
-        QCOMPARE(o16.bytesPerPixel, 8);
-
-        const PixelManipulationOffsets argb = offsetsOf(layout(4, 8, true, HVBitmapFormatAlphaFirst));
-        QCOMPARE(rgbaOffsets(argb), (QList<qint64>{1, 2, 3, 0}));
-
-        const PixelManipulationOffsets rgb = HVBitmapRep::fromImage(QImage(2, 2, QImage::Format_RGB888))
-                                                 .pixelManipulationOffsetsWithImageGamma(1);
-        QCOMPARE(rgbaOffsets(rgb), (QList<qint64>{0, 1, 2, 0}));
-        QVERIFY(!rgb.hasAlpha);
-        const PixelManipulationOffsets rgbx = HVBitmapRep::fromImage(QImage(2, 2, QImage::Format_RGBX8888))
-                                                  .pixelManipulationOffsetsWithImageGamma(1);
-        QCOMPARE(rgbaOffsets(rgbx), (QList<qint64>{0, 1, 2, 3}));
-    }
-
-    void greyAndPlanarLayouts()
-    {
-        const PixelManipulationOffsets grey = HVBitmapRep::fromImage(QImage(2, 2, QImage::Format_Grayscale8))
-                                                  .pixelManipulationOffsetsWithImageGamma(1);
-        QVERIFY(grey.valid);
-        QCOMPARE(grey.colorSpaceModel, HVColorSpaceModelGray);
-        QCOMPARE(grey.grayOffset, 0);
-        const PixelManipulationOffsets alphaLast = offsetsOf(layout(2, 8, true, 0, HVColorSpaceModelGray));
-        QCOMPARE(alphaLast.grayOffset, 0);
-        QCOMPARE(alphaLast.alphaOffset, 1);
-        const PixelManipulationOffsets alphaFirst =
-            offsetsOf(layout(2, 8, true, HVBitmapFormatAlphaFirst, HVColorSpaceModelGray));
-        QCOMPARE(alphaFirst.grayOffset, 1);
-        QCOMPARE(alphaFirst.alphaOffset, 0);
-
         HVBitmapLayout planar = layout(4, 8, true);
         planar.isPlanar = true, planar.bitsPerPixel = 8, planar.bytesPerRow = 2;
-        const PixelManipulationOffsets p = offsetsOf(planar);
-        QCOMPARE(rgbaOffsets(p), (QList<qint64>{0, 4, 8, 12})); // byte distance to each 2 x 2 plane
-        QCOMPARE(p.numberOfPlanes, 4);
-        QCOMPARE(p.planes[3] - p.planes[0], 12);
-    }
+        const struct
+        {
+            PixelManipulationOffsets offsets;
+            const char* brief;
+        } cases[] = {
+            {offsetsOf(filledBitmap(3, 2, 1, 2, 3, 4)), "rgb 0 1 2 3 premultiplied 4 bytes 3x2"},
+            {offsetsOf(QImage(2, 2, QImage::Format_RGBA8888)), "rgb 0 1 2 3 straight 4 bytes 2x2"},
+            {offsetsOf(QImage(2, 2, QImage::Format_RGBA64_Premultiplied)),
+             "rgb 0 2 4 6 premultiplied 8 bytes 2x2"},
+            {offsetsOf(layout(4, 8, true, HVBitmapFormatAlphaFirst)),
+             "rgb 1 2 3 0 premultiplied 4 bytes 2x2"},
+            {offsetsOf(QImage(2, 2, QImage::Format_RGB888)), "rgb 0 1 2 0 opaque 3 bytes 2x2"},
+            {offsetsOf(QImage(2, 2, QImage::Format_RGBX8888)), "rgb 0 1 2 3 opaque 4 bytes 2x2"},
+            {offsetsOf(QImage(2, 2, QImage::Format_Grayscale8)), "grey 0 0 opaque 1 bytes 2x2"},
+            {offsetsOf(layout(2, 8, true, 0, HVColorSpaceModelGray)), "grey 0 1 premultiplied 2 bytes 2x2"},
+            {offsetsOf(layout(2, 8, true, HVBitmapFormatAlphaFirst, HVColorSpaceModelGray)),
+             "grey 1 0 premultiplied 2 bytes 2x2"},
+            // Planar: the byte distance to each 2 x 2 plane.
+            {offsetsOf(planar), "rgb 0 4 8 12 premultiplied 1 bytes 2x2"},
+            // Five samples are not understood: the sizes are kept, every offset stays 0.
+            {offsetsOf(layout(5, 8, true)), "invalid rgb 0 0 0 0 premultiplied 5 bytes 2x2"},
+        };
+        for (const auto& c : cases)
+            QCOMPARE(brief(c.offsets), QString(c.brief));
+        QCOMPARE(cases[9].offsets.numberOfPlanes, 4);
+        QCOMPARE(cases[9].offsets.planes[3] - cases[9].offsets.planes[0], 12);
 
-    void unsupportedLayouts()
-    {
+        // Neither grey nor RGB: the whole record is cleared.
         const PixelManipulationOffsets cmyk = offsetsOf(layout(4, 8, false, 0, HVColorSpaceModelCMYK));
         QVERIFY(!cmyk.valid);
         QCOMPARE(cmyk.pixelsWide, 0);
         QCOMPARE(cmyk.bytesPerRow, 0);
         QCOMPARE(cmyk.samplesPerPixel, 0);
         QVERIFY(cmyk.rep.isNull() && !cmyk.bitmapData);
-
-        const PixelManipulationOffsets five = offsetsOf(layout(5, 8, true));
-        QVERIFY(!five.valid);
-        QCOMPARE(five.pixelsWide, 2); // sizes are kept, offsets stay 0
-        QCOMPARE(rgbaOffsets(five), (QList<qint64>{0, 0, 0, 0}));
     }
 
     void imageGammaIsClamped()
@@ -149,37 +120,15 @@ private slots:
         QVERIFY(HVImageExtras::bitmapImageRepOfSize(source, QSize(0, 0)).isNull());
     }
 
-    void oddAndBrokenFiles()
+    void readingFiles()
     {
-        QTemporaryDir dir;
-        const QString huge = dir.filePath("huge.svg");
-        QFile svg(huge);
-        QVERIFY(svg.open(QIODevice::WriteOnly));
-        svg.write(
-            "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='100000' viewBox='0 0 10 10'>"
-            "<rect width='10' height='10' fill='#00f'/></svg>");
-        svg.close();
+        TestEnvironment env;
+        const QString huge = env.writeFile(
+            "huge.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='100000' "
+                        "viewBox='0 0 10 10'><rect width='10' height='10' fill='#00f'/></svg>");
         QString error;
-        const QImage rendered = HVImageExtras::readImage(huge, QSize(64, 64), &error);
-        QCOMPARE(rendered.size(), QSize(64, 64));
-
-        QImage grey16(4, 4, QImage::Format_Grayscale16);
-        grey16.fill(QColor(90, 90, 90));
-        QByteArray png;
-        QBuffer buffer(&png);
-        buffer.open(QIODevice::WriteOnly);
-        QVERIFY(grey16.save(&buffer, "PNG"));
-        const QString truncatedPath = dir.filePath("truncated.png");
-        QFile truncated(truncatedPath);
-        QVERIFY(truncated.open(QIODevice::WriteOnly));
-        truncated.write(png.left(png.size() / 2));
-        truncated.close();
-        error.clear();
-        const QImage broken = HVImageExtras::readImage(truncatedPath, QSize(64, 64), &error);
-        QVERIFY(broken.isNull() == !error.isEmpty());
-
-        error.clear();
-        QVERIFY(HVImageExtras::readImage(dir.filePath("missing.png"), QSize(64, 64), &error).isNull());
+        QCOMPARE(HVImageExtras::readImage(huge, QSize(64, 64), &error).size(), QSize(64, 64));
+        QVERIFY(HVImageExtras::readImage(env.root() + "/missing.png", QSize(64, 64), &error).isNull());
         QVERIFY(!error.isEmpty());
     }
 
