@@ -5,6 +5,7 @@
 
 #include "colour/hvcolourstate.h"
 #include "colour/imageextras.h"
+#include "support/testenvironment.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -76,17 +77,9 @@ void verifySame(const QJsonObject& printed, const HVColourState& state)
     }
 }
 
-QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes)
+QString saveImage(const TestEnvironment& env, const QString& name, const QImage& image)
 {
-    QFile file(dir.filePath(name));
-    file.open(QIODevice::WriteOnly);
-    file.write(bytes);
-    return file.fileName();
-}
-
-QString saveImage(const QTemporaryDir& dir, const QString& name, const QImage& image)
-{
-    const QString path = dir.filePath(name);
+    const QString path = env.root() + QLatin1Char('/') + name;
     image.save(path);
     return path;
 }
@@ -110,20 +103,17 @@ private slots:
         QCOMPARE(run.lines.size(), files.size());
         for (qsizetype i = 0; i < files.size(); ++i) {
             QCOMPARE(run.lines.at(i).value("file").toString(), files.at(i));
-            IconParameters defaults;
-            defaults.iconSize = 64;
-            verifySame(run.lines.at(i), recordFor(files.at(i), defaults));
+            verifySame(run.lines.at(i), recordFor(files.at(i), {.iconSize = 64}));
         }
         QVERIFY(run.lines.at(0).value("colorSortValue").toDouble() < 1.0); // Firefox is coloured
 
         // Every option reaches the analysis; sizes above 128 are drawn at 128.
-        IconParameters p;
-        p.iconSize = 512;
-        p.wrapHue = 200.5f;
-        p.colorFraction = 0.3f;
-        p.colorfulness = 0.25f;
-        p.lightness = 0.5f;
-        p.sortGrayBySecColor = true;
+        const IconParameters p{.iconSize = 512,
+                               .colorFraction = 0.3f,
+                               .sortGrayBySecColor = true,
+                               .wrapHue = 200.5f,
+                               .colorfulness = 0.25f,
+                               .lightness = 0.5f};
         run =
             runColors({"--size", "512", "--wrap-hue", "200.5", "--gray-threshold", "0.3", "--min-saturation",
                        "0.25", "--min-luminosity", "0.5", "--grays-by-secondary", files.at(1), files.at(0)});
@@ -132,29 +122,9 @@ private slots:
         verifySame(run.lines.at(1), recordFor(files.at(0), p));
     }
 
-    void blackAndClearIcons()
-    {
-        QTemporaryDir dir;
-        // A black-only icon has a colour of weight 0, which ranks with the empty hue bins behind
-        // them and so is never picked: no colours and 10.0, like a fully transparent icon.
-        const QString black = saveImage(dir, "black.png", filledBitmap(16, 16, 0, 0, 0));
-        const QString clear = saveImage(dir, "clear.png", filledBitmap(16, 16, 0, 0, 0, 0));
-        const QString white = saveImage(dir, "white.png", filledBitmap(16, 16, 255, 255, 255));
-        const CtlRun run = runColors({black, clear, white});
-        QCOMPARE(run.exitCode, 0);
-        for (int i : {0, 1}) {
-            QCOMPARE_EXACT(run.lines.at(i).value("colorSortValue").toDouble(), 10.0);
-            QVERIFY(run.lines.at(i).value("colors").toArray().isEmpty());
-            QVERIFY(run.lines.at(i).value("sortedColors").toArray().isEmpty());
-        }
-        QCOMPARE_EXACT(run.lines.at(2).value("colorSortValue").toDouble(), 1.0);
-        QCOMPARE(run.lines.at(2).value("sortedColors").toArray().at(0).toObject(),
-                 (QJsonObject{{"color", "#ffffff"}, {"count", 64 * 64}}));
-    }
-
     void oddAndHostileFiles()
     {
-        QTemporaryDir dir;
+        TestEnvironment env;
         QImage deep(8, 8, QImage::Format_RGBA64);
         deep.fill(QColor(20, 140, 220));
         QImage grey(8, 8, QImage::Format_Grayscale8);
@@ -166,12 +136,12 @@ private slots:
         filledBitmap(64, 64, 30, 160, 60).save(&buffer, "PNG");
 
         const QStringList results{
-            saveImage(dir, "one.png", filledBitmap(1, 1, 250, 120, 0)),
-            saveImage(dir, "deep.png", deep),
-            saveImage(dir, "grey.png", grey),
-            saveImage(dir, "palette.png", palette),
-            writeFile(
-                dir, "huge.svg",
+            saveImage(env, "one.png", filledBitmap(1, 1, 250, 120, 0)),
+            saveImage(env, "deep.png", deep),
+            saveImage(env, "grey.png", grey),
+            saveImage(env, "palette.png", palette),
+            env.writeFile(
+                "huge.svg",
                 "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='100000' viewBox='0 0 10 10'>"
                 "<rect width='10' height='10' fill='#c00'/></svg>"),
         };
@@ -185,11 +155,11 @@ private slots:
         QCOMPARE(run.lines.at(4).value("sortedColors").toArray().at(0).toObject().value("count").toInt(),
                  64 * 64);
 
-        const QString truncated = writeFile(dir, "truncated.png", png.left(png.size() / 2));
-        const QString empty = writeFile(dir, "empty.png", QByteArray());
-        const QString notAnImage = writeFile(dir, "words.png", "not an image at all");
+        const QString truncated = env.writeFile("truncated.png", png.left(png.size() / 2));
+        const QString empty = env.writeFile("empty.png", QByteArray());
+        const QString notAnImage = env.writeFile("words.png", "not an image at all");
         run =
-            runColors({truncated, empty, dir.filePath("missing.png"), dir.path(), notAnImage, results.at(0)});
+            runColors({truncated, empty, env.root() + "/missing.png", env.root(), notAnImage, results.at(0)});
         QCOMPARE(run.exitCode, 1); // errors are reported per file, the rest still analysed
         QCOMPARE(run.lines.size(), 6);
         for (int i : {0, 1, 2, 3, 4})
@@ -200,7 +170,7 @@ private slots:
         // A CMYK JPEG, where ImageMagick can make one.
         const QString convert = QStandardPaths::findExecutable("convert");
         if (!convert.isEmpty()) {
-            const QString cmyk = dir.filePath("cmyk.jpg");
+            const QString cmyk = env.root() + "/cmyk.jpg";
             QProcess::execute(convert, {results.at(0), "-colorspace", "CMYK", cmyk});
             if (QFile::exists(cmyk)) {
                 run = runColors({cmyk});

@@ -36,60 +36,60 @@ QList<quint64> counts(const QList<SortedColor>& list)
         result.append(entry.count);
     return result;
 }
-
 } // namespace
+
+Q_DECLARE_METATYPE(IconParameters)
+Q_DECLARE_METATYPE(std::vector<SpectrumColor>)
 
 class TestColourState : public QObject
 {
     Q_OBJECT
 private slots:
-    void colouredIconsByRotatedHue()
+    void colorSortValue_data()
     {
-        QCOMPARE_EXACT(picked({colour(10.0, 0.8, 0.5, 100)}).colorSortValue(), 10.0 / 360.0);
-        const double wrapped = picked({colour(10.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}).colorSortValue();
-        QCOMPARE_EXACT(wrapped, 10.0 / 360.0 - 30.0 / 360.0 + 1.0);
-        QVERIFY(std::fabs(wrapped - 0.94444) < 1e-5);
-        QCOMPARE_EXACT(picked({colour(30.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}).colorSortValue(), 0.0);
-        // The strongest coloured colour is the primary; on equal weights the earlier one.
-        QCOMPARE_EXACT(picked({colour(10.0, 0.2, 0.5, 100), colour(200.0, 0.9, 0.5, 100)}).colorSortValue(),
-                       200.0 / 360.0);
-        QCOMPARE_EXACT(picked({colour(40.0, 0.5, 0.5, 100), colour(80.0, 0.5, 0.5, 100)}).colorSortValue(),
-                       40.0 / 360.0);
-    }
-
-    void greyIconsByLightness()
-    {
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 1.0, 100)}).colorSortValue(), 1.0);
-        QCOMPARE_EXACT(picked({colour(271.0, 0.0001, 1.02, 100)}).colorSortValue(), 1.0);
-        // A black colour sorts last among the greys. (An icon of black alone never yields one:
-        // its weightless colour ranks behind the empty hue bins and is not kept.)
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.0, 100)}).colorSortValue(), 1.5);
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, -0.1, 100)}).colorSortValue(), 1.5);
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.4, 100)}).colorSortValue(), 1.3);
+        QTest::addColumn<std::vector<SpectrumColor>>("colours");
+        QTest::addColumn<IconParameters>("params");
+        QTest::addColumn<double>("value");
+        const auto row = [](const char* tag, std::vector<SpectrumColor> colours, IconParameters params,
+                            double value) { QTest::newRow(tag) << colours << params << value; };
+        // Coloured icons by their primary's hue, turned by the wrap hue. The primary is the
+        // strongest coloured colour; on equal weights the earlier one.
+        row("hue", {colour(10.0, 0.8, 0.5, 100)}, {}, 10.0 / 360.0);
+        row("wrapped", {colour(10.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 10.0 / 360.0 - 30.0 / 360.0 + 1.0);
+        row("at the wrap", {colour(30.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 0.0);
+        row("strongest", {colour(10.0, 0.2, 0.5, 100), colour(200.0, 0.9, 0.5, 100)}, {}, 200.0 / 360.0);
+        row("earlier", {colour(40.0, 0.5, 0.5, 100), colour(80.0, 0.5, 0.5, 100)}, {}, 40.0 / 360.0);
+        // Grey icons by lightness. A black colour sorts last among the greys. (An icon of black
+        // alone never yields one: its weightless colour ranks behind the empty hue bins.)
+        row("white", {colour(0.0, 0.0, 1.0, 100)}, {}, 1.0);
+        row("white as analysed", {colour(271.0, 0.0001, 1.02, 100)}, {}, 1.0);
+        row("black", {colour(0.0, 0.0, 0.0, 100)}, {}, 1.5);
+        row("below black", {colour(0.0, 0.0, -0.1, 100)}, {}, 1.5);
+        row("dark grey", {colour(0.0, 0.0, 0.4, 100)}, {}, 1.3);
         // Coloured pixels exactly 5 % of all, threshold 0.05: not coloured (the test is strict).
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.6, 950), colour(120.0, 0.5, 0.5, 50)}).colorSortValue(),
-                       1.2);
-        QVERIFY(picked({colour(0.0, 0.0, 0.6, 949), colour(120.0, 0.5, 0.5, 51)}).colorSortValue() < 1.0);
-    }
-
-    void colouredFromTheStoredFloatOn()
-    {
+        row("5 % coloured", {colour(0.0, 0.0, 0.6, 950), colour(120.0, 0.5, 0.5, 50)}, {}, 1.2);
+        row("5.1 % coloured", {colour(0.0, 0.0, 0.6, 949), colour(120.0, 0.5, 0.5, 51)}, {}, 120.0 / 360.0);
         // A colour is coloured from the minimum saturation as stored, a float: 0.14f is a little
         // more than 0.14.
-        QVERIFY(picked({colour(100.0, double(0.14f), 0.5, 100)}).colorSortValue() < 1.0);
-        QCOMPARE_EXACT(picked({colour(100.0, 0.14, 0.5, 100)}).colorSortValue(), 1.25);
+        row("saturation 0.14f", {colour(100.0, double(0.14f), 0.5, 100)}, {}, 100.0 / 360.0);
+        row("saturation 0.14", {colour(100.0, 0.14, 0.5, 100)}, {}, 1.25);
+        // Grey icons by their secondary colour, 1 + half its hue; without one 1.75, black 2.0.
+        const IconParameters bySecondary{.sortGrayBySecColor = true};
+        row("no secondary", {colour(0.0, 0.0, 0.5, 100)}, bySecondary, 1.75);
+        row("black, no secondary", {colour(0.0, 0.0, -0.5, 100)}, bySecondary, 2.0);
+        row("secondary", {colour(0.0, 0.0, 0.5, 1000), colour(180.0, 0.5, 0.5, 40)}, bySecondary, 1.25);
+        // Coloured, but not enough of it, and no grey either: 10.0 without a message.
+        row("nothing", {colour(10.0, 0.5, 0.5, 100)}, {.colorFraction = 1.0f}, 10.0);
     }
 
-    void greyIconsBySecondaryColour()
+    void colorSortValue()
     {
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, 0.5, 100)}, {.sortGrayBySecColor = true}).colorSortValue(),
-                       1.75);
-        QCOMPARE_EXACT(picked({colour(0.0, 0.0, -0.5, 100)}, {.sortGrayBySecColor = true}).colorSortValue(),
-                       2.0);
-        QCOMPARE_EXACT(
-            picked({colour(0.0, 0.0, 0.5, 1000), colour(180.0, 0.5, 0.5, 40)}, {.sortGrayBySecColor = true})
-                .colorSortValue(),
-            1.25);
+        QFETCH(std::vector<SpectrumColor>, colours);
+        QFETCH(IconParameters, params);
+        QFETCH(double, value);
+        const HVColourState state = picked(colours, params);
+        QCOMPARE_EXACT(state.colorSortValue(), value);
+        QCOMPARE(state.sortedColors().isEmpty(), value == 10.0);
     }
 
     void nothingToSortBy()
@@ -104,10 +104,6 @@ private slots:
         const HVColourState zero = picked({colour(10.0, 0.5, 0.5, 0)});
         QCOMPARE_EXACT(zero.colorSortValue(), 10.0);
         QVERIFY(zero.sortedColors().isEmpty());
-        // Coloured, but not enough of it, and no grey either: 10.0 without a message.
-        const HVColourState notEnough = picked({colour(10.0, 0.5, 0.5, 100)}, {.colorFraction = 1.0f});
-        QCOMPARE_EXACT(notEnough.colorSortValue(), 10.0);
-        QVERIFY(notEnough.sortedColors().isEmpty());
     }
 
     void displayListLayouts()
@@ -129,8 +125,10 @@ private slots:
         QCOMPARE(counts(bySecondary.sortedColors()), (QList<quint64>{2000, 500, 20, 30, 100, 2000}));
         QCOMPARE_EXACT(bySecondary.colorSortValue(), 1.0 + 0.5 * (200.0 / 360.0));
 
-        QCOMPARE(picked({colour(0.0, 0.0, 1.0, 9)}).sortedColors().first().hexName(),
-                 QStringLiteral("#ffffff"));
+        HVColourState white; // as analysed: L* a little above 100, u* and v* not quite 0
+        white.setColorSortParameters({}, filledBitmap(16, 16, 255, 255, 255), "White");
+        QCOMPARE(white.sortedColors().first().hexName(), QStringLiteral("#ffffff"));
+        QCOMPARE_EXACT(white.colorSortValue(), 1.0);
         QCOMPARE(picked({colour(0.0, 0.0, 0.0, 9)}).sortedColors().first().hexName(),
                  QStringLiteral("#000000"));
         SpectrumColor red;
@@ -213,6 +211,7 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Clear");
         QVERIFY(state.setColorSortParameters(p, filledBitmap(3, 3, 0, 0, 0, 0), "Clear").analyse);
         QVERIFY(!state.hclColors()); // failed: analysed again next time
+        QCOMPARE_EXACT(state.colorSortValue(), 10.0);
         QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Clear");
         QVERIFY(state.setColorSortParameters(p, filledBitmap(3, 3, 0, 0, 0, 0), "Clear").analyse);
         QCOMPARE(quiet.text(),
@@ -223,6 +222,7 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Faint");
         faint.setColorSortParameters(p, filledBitmap(2, 1, 50, 0, 0, 100), "Faint");
         QVERIFY(faint.hclColors() && faint.hclColors()->empty());
+        QCOMPARE_EXACT(faint.colorSortValue(), 10.0);
         p.wrapHue = 10.0f;
         QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Faint");
         QVERIFY(!faint.setColorSortParameters(p, filledBitmap(2, 1, 50, 0, 0, 100), "Faint").analyse);
