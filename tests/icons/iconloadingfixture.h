@@ -76,7 +76,6 @@ public:
         QMutexLocker locker(&m_mutex);
         m_started.clear();
     }
-    DesktopIconSource::Counts counts() const { return m_source.counts(); }
 
 private:
     DesktopIconSource m_source;

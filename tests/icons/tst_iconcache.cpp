@@ -40,12 +40,13 @@ void writeOwnTheme(const TestEnvironment& env, const QString& name)
     env.writeFile("icons/Mine/32x32/apps/" + name + ".png", IconTestFiles::png(32, Qt::green));
 }
 
-// Rewrites a file and moves its time on, as a later change would (timestamps are coarse).
-void rewrite(const TestEnvironment& env, const QString& relativePath, const QByteArray& contents)
+// Moves a file's modification time to `seconds` from now: later, as a change would have it
+// (timestamps are coarse), or earlier, as a file left for that long.
+bool setModified(const QString& path, qint64 seconds)
 {
-    QFile file(env.writeFile(relativePath, contents));
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite) &&
+           file.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime);
 }
 } // namespace
 
@@ -118,7 +119,8 @@ private slots:
         const QString path = entry(env, "mine", "mine-app");
         QCOMPARE(centre(start(env, path, "Mine").icon), qRgb(255, 0, 0));
         // The same name and size of file, other pixels.
-        rewrite(env, "icons/Mine/48x48/apps/mine-app.png", IconTestFiles::png(48, Qt::blue));
+        QVERIFY(setModified(
+            env.writeFile("icons/Mine/48x48/apps/mine-app.png", IconTestFiles::png(48, Qt::blue)), 5));
         const Start again = start(env, path, "Mine");
         QCOMPARE(again.counts.renders, 1);
         QCOMPARE(centre(again.icon), qRgb(0, 0, 255));
@@ -128,14 +130,16 @@ private slots:
     {
         TestEnvironment env;
         writeOwnTheme(env, "firefox");
+        env.writeFile("icons/Mine/48x48/apps/other.png", IconTestFiles::png(48));
         const QString path = entry(env, "firefox", "firefox");
         // Only a 32-pixel file: it is scaled up for 48.
         QCOMPARE(centre(start(env, path, "Mine").icon), qRgb(0, 255, 0));
-        // A file meant for 48 pixels arrives in the theme while Nimbo runs: it wins at the next
-        // load, and at the next start.
+        // A file meant for 48 pixels arrives, beside another, while Nimbo runs: it wins at the
+        // next load, and at the next start.
         DesktopIconSource running(settings(env, "Mine"));
         QString error;
         QCOMPARE(centre(running.loadIcon({path, 48, 0.14f, 0.02f}, &error)), qRgb(0, 255, 0));
+        QTest::qWait(20); // a later time stamp for the folder
         env.writeFile("icons/Mine/48x48/apps/firefox.png", IconTestFiles::png(48, Qt::blue));
         QCOMPARE(centre(running.loadIcon({path, 48, 0.14f, 0.02f}, &error)), qRgb(0, 0, 255));
         QCOMPARE(running.counts().cacheHits, 1);
@@ -157,14 +161,9 @@ private slots:
     void halfWrittenFilesOfKilledProcessesGo()
     {
         TestEnvironment env;
-        auto hourOld = [&env](const QString& name, const QByteArray& contents) {
-            QFile file(env.writeFile("cache/Nimbo/icons/" + name, contents));
-            file.open(QIODevice::ReadWrite);
-            file.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime);
-            return file.fileName();
-        };
-        const QString leftover = hourOld("0a1b.icon.4242.7f00", "half");
-        const QString whole = hourOld("0e3f.icon", "whole");
+        const QString leftover = env.writeFile("cache/Nimbo/icons/0a1b.icon.4242.7f00", "half");
+        const QString whole = env.writeFile("cache/Nimbo/icons/0e3f.icon", "whole");
+        QVERIFY(setModified(leftover, -3600) && setModified(whole, -3600));
         const QString writing = env.writeFile("cache/Nimbo/icons/0c2d.icon.4243.7f00", "now");
         {
             DesktopIconSource source(settings(env));
@@ -183,21 +182,16 @@ private slots:
         const QString folder = env.cacheHome() + "/Nimbo/icons/";
         const QStringList files = QDir(folder).entryList({"*.icon"});
         QCOMPARE(files.size(), 1);
-        auto age = [&folder](const QString& name, int days) {
-            QFile file(folder + name);
-            QVERIFY(file.open(QIODevice::ReadWrite));
-            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-days),
-                                     QFileDevice::FileModificationTime));
-        };
         // Used today after 59 idle days: marked used, so it outlives the next clean-up.
-        age(files[0], IconDiskCache::UnusedDays - 1);
+        const qint64 day = 24 * 3600;
+        QVERIFY(setModified(folder + files[0], -day * (IconDiskCache::UnusedDays - 1)));
         QCOMPARE(start(env, firefox).counts.cacheHits, 1);
         QVERIFY(QFileInfo(folder + files[0]).lastModified().daysTo(QDateTime::currentDateTime()) < 1);
         // An icon nobody asked for in 61 days (an app removed long ago) goes at the next start.
-        env.writeFile("cache/Nimbo/icons/0ld.icon", "an icon of an app gone");
-        age("0ld.icon", IconDiskCache::UnusedDays + 1);
+        const QString gone = env.writeFile("cache/Nimbo/icons/0ld.icon", "an icon of an app gone");
+        QVERIFY(setModified(gone, -day * (IconDiskCache::UnusedDays + 1)));
         DesktopIconSource(settings(env)).waitForCacheWrites();
-        QVERIFY(!QFile::exists(folder + "0ld.icon"));
+        QVERIFY(!QFile::exists(gone));
         QVERIFY(QFile::exists(folder + files[0]));
     }
 

@@ -176,19 +176,6 @@ private slots:
         QCOMPARE(lookup.findIcon("real", 48), real);
     }
 
-    void fingerprintFollowsThemeFolders()
-    {
-        TestEnvironment env;
-        env.writeFile("icons/Mine/index.theme", indexTheme("Mine", "", {"48:Fixed:48"}));
-        env.writeFile("icons/Mine/48/a.png", png(48));
-        const IconThemeLookup lookup(themes(env, "Mine"));
-        const quint64 before = lookup.fingerprint();
-        QCOMPARE(lookup.fingerprint(), before);
-        QTest::qWait(20); // a later time stamp for the folder
-        env.writeFile("icons/Mine/48/b.png", png(48));
-        QVERIFY(lookup.fingerprint() != before);
-    }
-
     void themeChoice()
     {
         TestEnvironment env;
