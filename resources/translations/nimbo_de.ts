@@ -101,6 +101,14 @@
         <source>You can also re-open the window by double-clicking the application icon in the file manager.</source>
         <translation>Sie können das Fenster auch mit einem Doppelklick auf das Programmsymbol in der Dateiverwaltung öffnen.</translation>
     </message>
+    <message>
+        <source>This desktop does not let programs set a hot key of their own. To show and hide Nimbo with a key, add a shortcut in the desktop&apos;s keyboard settings that runs the command &quot;nimboctl toggle&quot;.</source>
+        <translation>Diese Arbeitsumgebung erlaubt Programmen keine eigene Tastenkombination. Um Nimbo mit einer Taste ein- und auszublenden, legen Sie in den Tastatureinstellungen der Arbeitsumgebung ein Tastenkürzel an, das den Befehl &quot;nimboctl toggle&quot; ausführt.</translation>
+    </message>
+    <message>
+        <source>Nimbo has no hot key on this desktop</source>
+        <translation>Nimbo hat in dieser Arbeitsumgebung keine Tastenkombination</translation>
+    </message>
 </context>
 <context>
     <name>HVExclusionSheet</name>
@@ -378,6 +386,10 @@
     <message>
         <source>App remover:</source>
         <translation>Programm zum Entfernen:</translation>
+    </message>
+    <message>
+        <source>Cursor hot spots need an X11 session: on Wayland no program may follow the pointer or place windows at the screen&apos;s edges.</source>
+        <translation>Aktive Bildschirmecken brauchen eine X11-Sitzung: Unter Wayland darf kein Programm dem Zeiger folgen oder Fenster an den Bildschirmrändern platzieren.</translation>
     </message>
 </context>
 <context>

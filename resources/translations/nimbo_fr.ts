@@ -101,6 +101,14 @@
         <source>You can also re-open the window by double-clicking the application icon in the file manager.</source>
         <translation>Vous pouvez aussi rouvrir la fenêtre en double-cliquant sur l’icône de l’application dans le gestionnaire de fichiers.</translation>
     </message>
+    <message>
+        <source>This desktop does not let programs set a hot key of their own. To show and hide Nimbo with a key, add a shortcut in the desktop&apos;s keyboard settings that runs the command &quot;nimboctl toggle&quot;.</source>
+        <translation>Ce bureau ne permet pas aux programmes de définir leur propre raccourci clavier. Pour afficher et masquer Nimbo avec une touche, ajoutez dans les réglages clavier du bureau un raccourci qui lance la commande &quot;nimboctl toggle&quot;.</translation>
+    </message>
+    <message>
+        <source>Nimbo has no hot key on this desktop</source>
+        <translation>Nimbo n&apos;a pas de raccourci clavier sur ce bureau</translation>
+    </message>
 </context>
 <context>
     <name>HVExclusionSheet</name>
@@ -378,6 +386,10 @@
     <message>
         <source>App remover:</source>
         <translation>Outil de suppression :</translation>
+    </message>
+    <message>
+        <source>Cursor hot spots need an X11 session: on Wayland no program may follow the pointer or place windows at the screen&apos;s edges.</source>
+        <translation>Les coins actifs de l&apos;écran nécessitent une session X11 : sous Wayland, aucun programme ne peut suivre le pointeur ni placer des fenêtres aux bords de l&apos;écran.</translation>
     </message>
 </context>
 <context>

@@ -127,6 +127,11 @@ bool GlobalHotKey::registerHotKey(const QString& keysym, int modifierMask)
         if (!m_portal) {
             m_portal = new PortalShortcut(this);
             connect(m_portal, &PortalShortcut::activated, this, &GlobalHotKey::pressed);
+            connect(m_portal, &PortalShortcut::bound, this, [this] { m_needsDesktopShortcut = false; });
+            connect(m_portal, &PortalShortcut::unavailable, this, [this] {
+                m_needsDesktopShortcut = true;
+                emit desktopShortcutNeeded();
+            });
         }
         m_portal->bind(PortalShortcut::triggerFor(keysym, modifierMask));
         return true;

@@ -25,11 +25,15 @@ public:
     // Whether the last registration failed because the system itself acts on that combination
     // (Ctrl + Alt + F1 switches the console) rather than another program holding it.
     bool wasKeptBySystem() const { return m_keptBySystem; }
+    // Whether the desktop binds no key for Nimbo (a Wayland desktop without a shortcut portal, or
+    // one that refused it): the user must bind "nimboctl toggle" in the desktop's settings.
+    bool needsDesktopShortcut() const { return m_needsDesktopShortcut; }
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 signals:
     void pressed();
+    void desktopShortcutNeeded();
 
 private:
     PortalShortcut* m_portal = nullptr;
@@ -37,4 +41,5 @@ private:
     quint16 m_modifiers = 0;
     quint16 m_numLock = 0; // the modifier bit Num Lock sets on this keyboard
     bool m_keptBySystem = false;
+    bool m_needsDesktopShortcut = false;
 };

@@ -116,6 +116,7 @@ void PortalShortcut::callFailed(const QDBusMessage& error)
         qWarning("The desktop portal refused the global shortcut (%s: %s); bind \"nimboctl toggle\" in the "
                  "desktop's keyboard settings instead",
                  qPrintable(name), qPrintable(error.errorMessage()));
+    emit unavailable();
 }
 
 void PortalShortcut::sessionCreated(uint response, const QVariantMap& results)
@@ -127,6 +128,7 @@ void PortalShortcut::sessionCreated(uint response, const QVariantMap& results)
             "desktop's keyboard settings instead",
             response);
         m_session.clear();
+        emit unavailable();
         return;
     }
     const QString token = QStringLiteral("nimbo%1").arg(++m_tokens);
@@ -158,6 +160,7 @@ void PortalShortcut::shortcutsBound(uint response, const QVariantMap& results)
         qWarning("The desktop did not bind Nimbo's shortcut (response %u); bind \"nimboctl toggle\" in the "
                  "desktop's keyboard settings instead",
                  response);
+        emit unavailable();
         return;
     }
     m_bound = true;

@@ -33,6 +33,8 @@ signals:
     void activated();
     // The shortcut is bound; `trigger` is what the desktop says triggers it (may be empty).
     void bound(const QString& trigger);
+    // No portal offers shortcuts, or the desktop refused this one: the user has to bind a key.
+    void unavailable();
 
 private slots:
     void sessionCreated(uint response, const QVariantMap& results);

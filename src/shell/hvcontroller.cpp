@@ -65,6 +65,7 @@ HVController::HVController(HVUserDefaults* defaults, QObject* parent)
     m_statusMenu = new HVStatusMenu(this);
     m_preferences = new HVPreferences(this, m_defaults);
     connect(m_hotKey, &GlobalHotKey::pressed, this, &HVController::showHideMainWindow);
+    connect(m_hotKey, &GlobalHotKey::desktopShortcutNeeded, this, &HVController::adviseDesktopShortcut);
     connect(m_mainWindow, &HVWindow::closeRequested, this, &HVController::explicitHideMainWindow);
     connect(m_mainWindow, &HVWindow::menuRequested, m_statusMenu,
             [this](const QPoint& at) { m_statusMenu->popup(at); });

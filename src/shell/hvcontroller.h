@@ -109,6 +109,10 @@ public:
     bool registerHotKey();
     // Whether the last registerHotKey failed because the system keeps that combination.
     bool hotKeyIsKeptBySystem() const;
+    // How to reach Nimbo by a key where the desktop binds none for it; empty where it does.
+    QString desktopShortcutAdvice() const;
+    // Tells the user that advice once (ever), as the desktop first refuses the hot key.
+    void adviseDesktopShortcut();
     QString hotKeyString() const;
     bool hasMenuAccess() const;
     bool hasMouseAccess() const;
@@ -138,6 +142,8 @@ public:
 signals:
     // An alert the user must read; emitted instead of showing a dialog when nobody can answer.
     void alertShown(const QString& message, const QString& informativeText);
+    // The desktop turned out to bind no hot key for Nimbo (see desktopShortcutAdvice).
+    void desktopShortcutNeeded();
     void quitRequested();
 
 private:

@@ -26,6 +26,26 @@ bool HVController::hotKeyIsKeptBySystem() const
     return m_hotKey->wasKeptBySystem();
 }
 
+QString HVController::desktopShortcutAdvice() const
+{
+    if (!m_hotKey->needsDesktopShortcut())
+        return {};
+    return tr("This desktop does not let programs set a hot key of their own. To show and hide Nimbo with "
+              "a key, add a shortcut in the desktop's keyboard settings that runs the command "
+              "\"nimboctl toggle\".");
+}
+
+void HVController::adviseDesktopShortcut()
+{
+    emit desktopShortcutNeeded();
+    const QString told = QStringLiteral("toldHowToBindShortcut");
+    if (m_defaults->boolForKey(told))
+        return;
+    m_defaults->setBool(true, told);
+    m_defaults->synchronize();
+    showAlert(tr("Nimbo has no hot key on this desktop"), desktopShortcutAdvice());
+}
+
 QString HVController::hotKeyString() const
 {
     return HVKeyTable::hotKeyString(HVKeyTable::rows(),

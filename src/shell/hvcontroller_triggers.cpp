@@ -108,7 +108,7 @@ void HVController::enableCursorHotSpot(qint64 location)
     }
     if (location == HVHotSpotWindow::None)
         return;
-    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+    if (!HVHotSpotWindow::isSupported()) {
         // Elsewhere (Wayland) a program neither learns where the pointer is nor places windows.
         if (!m_saidNoHotSpots)
             qCInfo(lcTriggers, "Cursor hot spots need an X11 session; on %s there is none",

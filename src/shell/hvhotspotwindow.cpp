@@ -1,5 +1,7 @@
 #include "hvhotspotwindow.h"
 
+#include <QGuiApplication>
+
 QRect HVHotSpotWindow::rectForLocation(Location location, const QRect& screen)
 {
     const int x = screen.x(), y = screen.y(), w = screen.width(), h = screen.height();
@@ -53,4 +55,9 @@ void HVHotSpotWindow::orderFront()
     show();
     raise();
     m_view->startTracking();
+}
+
+bool HVHotSpotWindow::isSupported()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
 }

@@ -31,6 +31,9 @@ public:
     static bool isLocation(qint64 code) { return code >= None && code <= TopEdge; }
     // The rectangle of a location on a screen of the given geometry; empty for None.
     static QRect rectForLocation(Location location, const QRect& screen);
+    // Whether this session lets a program follow the pointer and place windows at the screen's
+    // edges (X11); Wayland lets it do neither.
+    static bool isSupported();
 
     HVHotSpotWindow(const QRect& area, HVUserDefaults* defaults, const HVHotSpotTarget& target);
     ~HVHotSpotWindow() override;

@@ -1,7 +1,9 @@
 // The "Triggers" tab: the ways the panel is summoned — hot key, tray, taskbar, hot spot.
 #include "hvpreferenceswindow.h"
 
+#include "hvcontroller.h"
 #include "hvdefaultsbinding.h"
+#include "hvhotspotwindow.h"
 #include "hvkeytable.h"
 #include "hvpreferences.h"
 
@@ -34,6 +36,9 @@ QWidget* HVPreferencesWindow::triggersTab()
     m_hotKeyProblem = new QLabel;
     m_hotKeyProblem->setObjectName(QStringLiteral("hotKeyProblem"));
     m_hotKeyProblem->setWordWrap(true);
+    m_hotKeyProblem->setText(m_preferences->controller()->desktopShortcutAdvice());
+    connect(m_preferences->controller(), &HVController::desktopShortcutNeeded, m_hotKeyProblem,
+            [this] { m_hotKeyProblem->setText(m_preferences->controller()->desktopShortcutAdvice()); });
     form->addRow(m_hotKeyProblem);
 
     const QList<QPair<const char*, QString>> boxes = {
@@ -60,6 +65,14 @@ QWidget* HVPreferencesWindow::triggersTab()
                 {tr("Top-right corner"), 7},
                 {tr("Top edge"), 8}});
     form->addRow(tr("Cursor hot spot:"), hotSpot);
+    if (!HVHotSpotWindow::isSupported()) {
+        hotSpot->setEnabled(false);
+        auto* why = new QLabel(tr("Cursor hot spots need an X11 session: on Wayland no program may follow "
+                                  "the pointer or place windows at the screen's edges."));
+        why->setObjectName(QStringLiteral("hotSpotsUnavailable"));
+        why->setWordWrap(true);
+        form->addRow(why);
+    }
     return tab;
 }
 
@@ -113,6 +126,7 @@ void HVPreferencesWindow::setHotKey()
         if (m_modifierBoxes[i]->isChecked())
             mask |= ModifierBoxes[i].second;
     const QString problem = m_preferences->setHotKey(m_hotKeyButton->currentData().toInt(), mask);
-    m_hotKeyProblem->setText(problem);
+    m_hotKeyProblem->setText(problem.isEmpty() ? m_preferences->controller()->desktopShortcutAdvice()
+                                               : problem);
     showHotKey(); // a refused combination goes back to the one in force
 }

@@ -10,15 +10,20 @@
 #include "common/hvuserdefaults.h"
 #include "platform/desktopappactions.h"
 #include "shell/hvcontroller.h"
+#include "shell/hvpreferences.h"
+#include "shell/hvpreferenceswindow.h"
 #include "shell/hvwindow.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVirtualObject>
 #include <QFile>
+#include <QLabel>
+#include <QMessageBox>
 #include <QProcess>
 #include <QtTest>
 
@@ -63,6 +68,7 @@ public:
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "testportal");
     QString session;
     QList<Shortcut> bound;
+    bool refuse = false; // answers a binding as a desktop whose user said no
 
     TestPortal()
     {
@@ -89,6 +95,13 @@ public:
             session = "/org/freedesktop/portal/desktop/session/" + sender + "/" +
                       options.value("session_handle_token").toString();
             results["session_handle"] = session;
+        } else if (member == "BindShortcuts" && refuse) {
+            bus.send(message.createReply(QVariant::fromValue(QDBusObjectPath(request))));
+            QDBusMessage refusal =
+                QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
+            refusal << 1u << QVariantMap();
+            bus.send(refusal);
+            return true;
         } else if (member == "BindShortcuts") {
             bound = qdbus_cast<QList<Shortcut>>(message.arguments().at(1));
             QList<Shortcut> answer = bound;
@@ -186,6 +199,40 @@ private slots:
         QVERIFY(!controller->mainWindowIsVisible());
         portal.activate("toggle");
         QTRY_VERIFY(controller->mainWindowIsVisible());
+        QTRY_VERIFY(panel()->isActiveWindow());
+    }
+
+    // Refused, the hot key is explained once, in plain words, and in the preferences for as long
+    // as it lasts; the hot spots, which Wayland cannot have, are offered there as unavailable.
+    void aRefusedShortcutIsExplainedOnceAndInThePreferences()
+    {
+        QSignalSpy alerts(controller.get(), &HVController::alertShown);
+        QSignalSpy needed(controller.get(), &HVController::desktopShortcutNeeded);
+        portal.refuse = true;
+        for (int refusals = 1; refusals <= 2; ++refusals) {
+            QVERIFY(controller->registerHotKey());
+            QTRY_COMPARE(needed.count(), refusals);
+        }
+        QCOMPARE(alerts.count(), 1);
+        QVERIFY(alerts[0][1].toString().contains("\"nimboctl toggle\""));
+        controller->openPrefs();
+        HVPreferencesWindow* prefs = controller->preferences()->window();
+        QCOMPARE(prefs->findChild<QLabel*>("hotKeyProblem")->text(), alerts[0][1].toString());
+        QVERIFY(!prefs->findChild<QComboBox*>("cursorHotSpotLocation")->isEnabled());
+        QVERIFY(prefs->findChild<QLabel*>("hotSpotsUnavailable"));
+
+        portal.refuse = false;
+        portal.bound.clear();
+        QVERIFY(controller->registerHotKey());
+        QTRY_COMPARE(portal.bound.size(), 1);
+        QVERIFY(controller->desktopShortcutAdvice().isEmpty());
+        QCOMPARE(alerts.count(), 1);
+        prefs->close();
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (qobject_cast<QMessageBox*>(window))
+                window->close();
+        if (!controller->mainWindowIsVisible())
+            toggle();
         QTRY_VERIFY(panel()->isActiveWindow());
     }
 
