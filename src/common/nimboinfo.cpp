@@ -14,3 +14,8 @@ QString NimboInfo::updateFeedUrl()
 {
     return QStringLiteral(NIMBO_UPDATE_FEED_URL);
 }
+
+QString NimboInfo::feedbackUrl()
+{
+    return QStringLiteral(NIMBO_FEEDBACK_URL);
+}

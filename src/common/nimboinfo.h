@@ -7,4 +7,5 @@ namespace NimboInfo {
 QString version();
 QString homeUrl();
 QString updateFeedUrl();
+QString feedbackUrl();
 } // namespace NimboInfo
