@@ -3,7 +3,7 @@
 // hides. Implemented in hvcontroller.cpp (start-up, preferences, the exclusion sheet,
 // application events), hvcontroller_panel.cpp (showing and hiding), hvcontroller_hotkey.cpp
 // (hot key, access), hvcontroller_triggers.cpp (launch at login, tray item, hot spots, taskbar
-// progress) and hvcontroller_info.cpp (about window, home page, updates).
+// progress) and hvcontroller_info.cpp (about window, home page, updates, feedback).
 #pragma once
 
 #include "common/hvkeypathobservers.h"
@@ -90,6 +90,10 @@ public:
     void openWelcomeBesidePanel();
     void openUserGuide();
     void checkForUpdates();
+    // The feedback form (one, kept with what was typed while Nimbo runs).
+    void openFeedback();
+    class HVFeedbackWindow* feedbackWindow() const { return m_feedbackWindow; }
+    bool feedbackWindowIsVisible() const;
     // Quits, asking first only when Nimbo could not be reached again (no taskbar entry, no tray).
     void quitApp();
     void terminate();
@@ -172,6 +176,7 @@ private:
     QVariant m_saidBadHotSpotLocation; // the last stored location that is no place, said once
     bool m_saidNoHotSpots = false;
     class HVAboutWindow* m_aboutWindow = nullptr;
+    class HVFeedbackWindow* m_feedbackWindow = nullptr;
     bool m_welcomeAssistantWasOpen = false;
     class HVUpdatePrompt* m_updatePrompt = nullptr;
     QTimer* m_windowCloseTimer = nullptr;

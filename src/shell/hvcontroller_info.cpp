@@ -1,5 +1,6 @@
 #include "hvaboutwindow.h"
 #include "hvcontroller.h"
+#include "hvfeedbackwindow.h"
 #include "hvupdateprompt.h"
 #include "hvwelcomeassistant.h"
 #include "hvwindow.h"
@@ -83,4 +84,21 @@ void HVController::checkForUpdates()
     if (!m_updatePrompt)
         m_updatePrompt = new HVUpdatePrompt(m_defaults, this);
     m_updatePrompt->checkNow();
+}
+
+void HVController::openFeedback()
+{
+    activate();
+    if (!m_feedbackWindow) {
+        m_feedbackWindow = new HVFeedbackWindow(m_defaults, m_appManager);
+        connect(this, &QObject::destroyed, m_feedbackWindow, [window = m_feedbackWindow] { delete window; });
+    }
+    m_feedbackWindow->show();
+    m_feedbackWindow->raise();
+    m_feedbackWindow->activateWindow();
+}
+
+bool HVController::feedbackWindowIsVisible() const
+{
+    return m_feedbackWindow && m_feedbackWindow->isVisible();
 }

@@ -3,6 +3,7 @@
 #include "hvcontroller.h"
 
 #include "hvaboutwindow.h"
+#include "hvfeedbackwindow.h"
 #include "hvwelcomeassistant.h"
 #include "hvwindow.h"
 
@@ -37,6 +38,9 @@ void HVController::hideMainWindow()
     closePrefs();
     if (m_aboutWindow && m_aboutWindow->isVisible())
         m_aboutWindow->close();
+    // Hidden, not closed: a report on its way goes on, and what was typed stays.
+    if (feedbackWindowIsVisible())
+        m_feedbackWindow->hide();
     closeExclusionWindow();
     m_welcomeAssistantWasOpen = HVWelcomeAssistant::isWindowVisible();
     if (m_welcomeAssistantWasOpen)

@@ -25,6 +25,7 @@ HVStatusMenu::HVStatusMenu(HVController* controller, QWidget* parent)
     m_welcome = addAction(tr("Welcome to Nimbo"), controller, &HVController::openWelcome);
     addAction(tr("Nimbo User Guide"), controller, &HVController::openUserGuide);
     addAction(tr("Nimbo Home Page"), controller, &HVController::openHomeURL);
+    m_feedback = addAction(tr("Send Feedback…"), controller, &HVController::openFeedback);
     addSeparator();
     addAction(tr("Quit Nimbo"), controller, &HVController::quitApp);
 
@@ -36,4 +37,5 @@ void HVStatusMenu::validateMenuItems()
     m_showHide->setText(m_controller->mainWindowIsVisible() ? tr("Hide Nimbo") : tr("Show Nimbo"));
     m_preferences->setEnabled(!m_controller->preferencesAreVisible());
     m_welcome->setEnabled(!HVWelcomeAssistant::isWindowVisible());
+    m_feedback->setEnabled(!m_controller->feedbackWindowIsVisible());
 }

@@ -16,6 +16,7 @@ public:
     QAction* showHideAction() const { return m_showHide; }
     QAction* preferencesAction() const { return m_preferences; }
     QAction* automaticExclusionAction() const { return m_autoExclude; }
+    QAction* feedbackAction() const { return m_feedback; }
 
 private:
     // Titles and enabled states follow the controller each time the menu opens.
@@ -26,4 +27,5 @@ private:
     QAction* m_preferences;
     QAction* m_autoExclude;
     QAction* m_welcome;
+    QAction* m_feedback;
 };

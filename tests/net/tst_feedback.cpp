@@ -1,0 +1,226 @@
+// The feedback form as a user meets it from Nimbo's menu: the report posted to a server on this
+// machine is the JSON the form shows, with and without the system details; a server that refuses,
+// hangs, fails or redirects without end gives a clear reason and leaves the report as typed; and
+// "Save Report…" writes the same JSON.
+#include "localhttpserver.h"
+
+#include "catalogue/hvappmanager.h"
+#include "catalogue/listfilestore.h"
+#include "common/hvuserdefaults.h"
+#include "common/nimboinfo.h"
+#include "net/hvfeedbacksender.h"
+#include "shell/hvcontroller.h"
+#include "shell/hvfeedbackwindow.h"
+#include "shell/hvstatusmenu.h"
+#include "support/testenvironment.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <memory>
+
+class TestFeedback : public QObject
+{
+    Q_OBJECT
+    TestEnvironment env;
+    LocalHttpServer server;
+    std::unique_ptr<HVUserDefaults> defaults;
+    std::unique_ptr<HVController> controller;
+
+    HVFeedbackWindow* form() const { return controller->feedbackWindow(); }
+    template<typename T>
+    T* control(const char* name) const
+    {
+        T* widget = form()->findChild<T*>(QString::fromLatin1(name));
+        if (!widget)
+            qFatal("the feedback form has no %s", name);
+        return widget;
+    }
+    QString shown() const { return control<QPlainTextEdit>("preview")->toPlainText(); }
+    QString status() const { return control<QLabel>("status")->text(); }
+
+    void writeReport(const QString& kind, const QString& message, const QString& replyTo, bool system)
+    {
+        auto* kinds = control<QComboBox>("kind");
+        kinds->setCurrentIndex(kinds->findData(kind));
+        control<QPlainTextEdit>("message")->setPlainText(message);
+        control<QLineEdit>("replyTo")->setText(replyTo);
+        control<QCheckBox>("includeSystem")->setChecked(system);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(server.isListening());
+        server.answer("/feedback", 200, "thanks");
+        server.answer("/chatty", 200, QByteArray(HVFeedbackSender::MaximumAnswerSize * 4, 'x'));
+        server.answer("/broken", 500, "oops");
+        server.hang("/slow");
+        server.redirectForever("/loop");
+        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        controller = std::make_unique<HVController>(defaults.get());
+        const QVariantList bunch{"/a/One.desktop", "/a/Two.desktop", "/a/Three.desktop"};
+        ListFileStore::writeArray({QVariant(bunch)},
+                                  ListFileStore::userFolder() + "/" + HVListFileNames::AllApplications);
+        controller->appManager()->readAllAppsFromDisk();
+    }
+
+    void theMenuOpensOneForm()
+    {
+        // Between the home page and the quit item, as the last of the help entries.
+        HVStatusMenu* menu = controller->statusItemMenu();
+        const QList<QAction*> items = menu->actions();
+        const qsizetype at = items.indexOf(menu->feedbackAction());
+        QVERIFY(at > 0 && at + 2 < items.size());
+        QCOMPARE(items.value(at - 1)->text(), "Nimbo Home Page");
+        QVERIFY(items.value(at + 1)->isSeparator());
+        QCOMPARE(items.value(at + 2), items.last());
+        QCOMPARE(menu->feedbackAction()->text(), "Send Feedback…");
+
+        QVERIFY(!form());
+        menu->feedbackAction()->trigger();
+        QVERIFY(form() && form()->isVisible());
+        HVFeedbackWindow* first = form();
+        emit menu->aboutToShow();
+        QVERIFY(!menu->feedbackAction()->isEnabled());
+        controller->openFeedback();
+        QCOMPARE(form(), first);
+        // Nothing to send until something is written.
+        QVERIFY(!control<QPushButton>("send")->isEnabled());
+        QVERIFY(!control<QPushButton>("saveReport")->isEnabled());
+        control<QPlainTextEdit>("message")->setPlainText("  \n ");
+        QVERIFY(!control<QPushButton>("send")->isEnabled());
+    }
+
+    void postsWhatTheFormShows_data()
+    {
+        QTest::addColumn<QByteArray>("path");
+        QTest::addColumn<bool>("system");
+        QTest::addColumn<QString>("replyTo");
+        QTest::newRow("with system details") << QByteArray("/feedback") << true << "me@example.org";
+        QTest::newRow("without") << QByteArray("/feedback") << false << "";
+        // An answer that never ends is passed over; its status says the report arrived.
+        QTest::newRow("long answer") << QByteArray("/chatty") << false << "";
+    }
+    void postsWhatTheFormShows()
+    {
+        QFETCH(QByteArray, path);
+        QFETCH(bool, system);
+        QFETCH(QString, replyTo);
+        defaults->setString(server.url(path), "feedbackURL");
+        server.requests.clear();
+        controller->openFeedback();
+        const QString message = QStringLiteral("The panel flickers on the second screen.\n«Ünïcode» ✓");
+        writeReport("feature", message, replyTo, system);
+        const QString preview = shown();
+
+        control<QPushButton>("send")->click();
+        // Sending: the form can't change under the report, and nothing waits on the answer.
+        QVERIFY(!control<QPlainTextEdit>("message")->isEnabled());
+        QVERIFY(!control<QPushButton>("send")->isEnabled());
+        QVERIFY(control<QPushButton>("cancel")->isEnabled());
+        QTRY_COMPARE(server.requests.size(), 1);
+        const LocalHttpServer::Request request = server.requests.first();
+        QCOMPARE(request.method, QByteArray("POST"));
+        QCOMPARE(request.path, path);
+        QVERIFY(request.headers.value("content-type").startsWith("application/json"));
+        QCOMPARE(QString::fromUtf8(request.body), preview);
+
+        const QJsonObject sent = QJsonDocument::fromJson(request.body).object();
+        QCOMPARE(sent.value("kind").toString(), "feature");
+        QCOMPARE(sent.value("message").toString(), message);
+        QCOMPARE(sent.value("replyTo").toString(), replyTo);
+        QCOMPARE(sent.contains("replyTo"), !replyTo.isEmpty());
+        QCOMPARE(sent.contains("system"), system);
+        if (system) {
+            const QJsonObject details = sent.value("system").toObject();
+            QCOMPARE(details.value("nimboVersion").toString(), NimboInfo::version());
+            QCOMPARE(details.value("qtVersion").toString(), QString::fromLatin1(qVersion()));
+            QCOMPARE(details.value("windowSystem").toString(), "offscreen");
+            QCOMPARE(details.value("desktop").toString(), qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
+            const QJsonObject counts = details.value("appCounts").toObject();
+            QCOMPARE(counts.value("total").toInt(), 3);
+            QCOMPARE(counts.keys(), QStringList({"excluded", "favorites", "included", "running", "total"}));
+        }
+
+        // Thanks, then the form closes, emptied for the next report.
+        QTRY_VERIFY(status().startsWith("Thank you"));
+        QTRY_VERIFY(!form()->isVisible());
+        QVERIFY(control<QPlainTextEdit>("message")->toPlainText().isEmpty());
+        QVERIFY(control<QPlainTextEdit>("message")->isEnabled());
+    }
+
+    void failuresKeepTheReport_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("reason");
+        QTcpServer closed;
+        QVERIFY(closed.listen(QHostAddress::LocalHost));
+        const QString refusing = QStringLiteral("http://127.0.0.1:%1/feedback").arg(closed.serverPort());
+        closed.close();
+        QTest::newRow("refused") << refusing << "The feedback server 127.0.0.1:%1 refused the connection.";
+        QTest::newRow("hangs") << server.url("/slow")
+                               << "The feedback server 127.0.0.1:%1 did not answer within 0.3 seconds.";
+        QTest::newRow("fails") << server.url("/broken")
+                               << "The feedback server 127.0.0.1:%1 answered with HTTP status 500 X.";
+        QTest::newRow("redirects forever")
+            << server.url("/loop") << "The feedback address http://127.0.0.1:%1";
+        QTest::newRow("not a web address") << "mailto:nimbo@example.org"
+                                           << "The feedback address \"mailto:nimbo@example.org\" is not";
+        QTest::newRow("stopped by Cancel") << server.url("/slow") << "Sending stopped.";
+    }
+    void failuresKeepTheReport()
+    {
+        QFETCH(QString, address);
+        QFETCH(QString, reason);
+        defaults->setString(address, "feedbackURL");
+        controller->openFeedback();
+        form()->feedbackSender()->setTimeout(300);
+        writeReport("bug", "It crashed.", "me@example.org", true);
+        const QString preview = shown();
+        control<QPushButton>("send")->click();
+        if (reason.startsWith("Sending stopped")) {
+            QTest::qWait(100);
+            control<QPushButton>("cancel")->click();
+        }
+        const QString expected = reason.contains("%1") ? reason.arg(QUrl(address).port()) : reason;
+        QTRY_VERIFY2(status().startsWith(expected), qPrintable(status()));
+        QVERIFY(!form()->feedbackSender()->isSending());
+        // Nothing typed is lost, and the report can go again.
+        QVERIFY(form()->isVisible());
+        QCOMPARE(control<QPlainTextEdit>("message")->toPlainText(), "It crashed.");
+        QCOMPARE(control<QLineEdit>("replyTo")->text(), "me@example.org");
+        QCOMPARE(shown(), preview);
+        QVERIFY(control<QPlainTextEdit>("message")->isEnabled());
+        QVERIFY(control<QPushButton>("send")->isEnabled());
+        // A hidden panel takes the form along, text and all.
+        controller->hideMainWindow();
+        QVERIFY(!form()->isVisible());
+        controller->openFeedback();
+        QCOMPARE(control<QPlainTextEdit>("message")->toPlainText(), "It crashed.");
+    }
+
+    void savesTheSameJson()
+    {
+        controller->openFeedback();
+        writeReport("question", "Where are the favourites kept?", "", true);
+        const QString path = env.root() + "/report.json";
+        QVERIFY(form()->saveReport(path));
+        QFile saved(path);
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QCOMPARE(QString::fromUtf8(saved.readAll()), shown());
+        QVERIFY(status().contains(path));
+        QVERIFY(!form()->saveReport(env.root() + "/no such folder/report.json"));
+        QVERIFY(status().startsWith("Nimbo could not save the report to"));
+    }
+};
+
+QTEST_MAIN(TestFeedback)
+#include "tst_feedback.moc"
