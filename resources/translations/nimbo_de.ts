@@ -134,6 +134,132 @@
     </message>
 </context>
 <context>
+    <name>HVFeedbackSender</name>
+    <message>
+        <source>The feedback server %1 did not answer within %2 seconds.</source>
+        <translation>Der Feedback-Server %1 hat nicht innerhalb von %2 Sekunden geantwortet.</translation>
+    </message>
+    <message>
+        <source>The feedback address &quot;%1&quot; is not a web address.</source>
+        <translation>Die Feedback-Adresse „%1“ ist keine Webadresse.</translation>
+    </message>
+    <message>
+        <source>The feedback address %1 redirects too often, or to an address that is not safe.</source>
+        <translation>Die Feedback-Adresse %1 leitet zu oft oder an eine unsichere Adresse weiter.</translation>
+    </message>
+    <message>
+        <source>The feedback server %1 answered with HTTP status %2.</source>
+        <translation>Der Feedback-Server %1 hat mit dem HTTP-Status %2 geantwortet.</translation>
+    </message>
+    <message>
+        <source>The feedback server %1 refused the connection.</source>
+        <translation>Der Feedback-Server %1 hat die Verbindung abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The feedback server %1 closed the connection without an answer.</source>
+        <translation>Der Feedback-Server %1 hat die Verbindung ohne Antwort geschlossen.</translation>
+    </message>
+    <message>
+        <source>Nimbo could not reach %1. Is this computer online?</source>
+        <translation>Nimbo konnte %1 nicht erreichen. Ist dieser Computer mit dem Internet verbunden?</translation>
+    </message>
+    <message>
+        <source>Nimbo could not send the report to %1: %2</source>
+        <translation>Nimbo konnte den Bericht nicht an %1 senden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>HVFeedbackWindow</name>
+    <message>
+        <source>Include system details</source>
+        <translation>Systemangaben mitsenden</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Feedback senden</translation>
+    </message>
+    <message>
+        <source>Bug report</source>
+        <translation>Fehlerbericht</translation>
+    </message>
+    <message>
+        <source>Crash report</source>
+        <translation>Absturzbericht</translation>
+    </message>
+    <message>
+        <source>Feature request</source>
+        <translation>Funktionswunsch</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Frage</translation>
+    </message>
+    <message>
+        <source>What happened, or what would you like Nimbo to do?</source>
+        <translation>Was ist passiert, oder was soll Nimbo können?</translation>
+    </message>
+    <message>
+        <source>Your e-mail address, if you would like an answer</source>
+        <translation>Ihre E-Mail-Adresse, falls Sie eine Antwort wünschen</translation>
+    </message>
+    <message>
+        <source>Nimbo and Qt versions, the desktop, X11 or Wayland, and how many applications each group holds</source>
+        <translation>Versionen von Nimbo und Qt, die Arbeitsumgebung, X11 oder Wayland und wie viele Anwendungen jede Gruppe enthält</translation>
+    </message>
+    <message>
+        <source>Kind:</source>
+        <translation>Art:</translation>
+    </message>
+    <message>
+        <source>Message:</source>
+        <translation>Nachricht:</translation>
+    </message>
+    <message>
+        <source>Reply to (optional):</source>
+        <translation>Antwort an (optional):</translation>
+    </message>
+    <message>
+        <source>What is sent:</source>
+        <translation>Was gesendet wird:</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>Bericht sichern…</translation>
+    </message>
+    <message>
+        <source>Sending the report to %1…</source>
+        <translation>Der Bericht wird an %1 gesendet…</translation>
+    </message>
+    <message>
+        <source>Nimbo could not save the report to %1: %2</source>
+        <translation>Nimbo konnte den Bericht nicht in %1 sichern: %2</translation>
+    </message>
+    <message>
+        <source>The report was saved to %1.</source>
+        <translation>Der Bericht wurde in %1 gesichert.</translation>
+    </message>
+    <message>
+        <source>Sending stopped. The report is still here.</source>
+        <translation>Senden abgebrochen. Der Bericht bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <translation>Bericht sichern</translation>
+    </message>
+    <message>
+        <source>JSON files (*.json)</source>
+        <translation>JSON-Dateien (*.json)</translation>
+    </message>
+    <message>
+        <source>Thank you! Your report was sent.</source>
+        <translation>Vielen Dank! Ihr Bericht wurde gesendet.</translation>
+    </message>
+</context>
+<context>
     <name>HVIconOverlayView</name>
     <message>
         <source>Version: %1</source>
@@ -531,6 +657,10 @@
     <message>
         <source>Nimbo User Guide</source>
         <translation>Nimbo-Benutzerhandbuch</translation>
+    </message>
+    <message>
+        <source>Send Feedback…</source>
+        <translation>Feedback senden…</translation>
     </message>
 </context>
 <context>

@@ -134,6 +134,132 @@
     </message>
 </context>
 <context>
+    <name>HVFeedbackSender</name>
+    <message>
+        <source>The feedback server %1 did not answer within %2 seconds.</source>
+        <translation>Le serveur de commentaires %1 n’a pas répondu dans les %2 secondes.</translation>
+    </message>
+    <message>
+        <source>The feedback address &quot;%1&quot; is not a web address.</source>
+        <translation>L’adresse de commentaires « %1 » n’est pas une adresse web.</translation>
+    </message>
+    <message>
+        <source>The feedback address %1 redirects too often, or to an address that is not safe.</source>
+        <translation>L’adresse de commentaires %1 redirige trop souvent, ou vers une adresse qui n’est pas sûre.</translation>
+    </message>
+    <message>
+        <source>The feedback server %1 answered with HTTP status %2.</source>
+        <translation>Le serveur de commentaires %1 a répondu avec le statut HTTP %2.</translation>
+    </message>
+    <message>
+        <source>The feedback server %1 refused the connection.</source>
+        <translation>Le serveur de commentaires %1 a refusé la connexion.</translation>
+    </message>
+    <message>
+        <source>The feedback server %1 closed the connection without an answer.</source>
+        <translation>Le serveur de commentaires %1 a fermé la connexion sans répondre.</translation>
+    </message>
+    <message>
+        <source>Nimbo could not reach %1. Is this computer online?</source>
+        <translation>Nimbo n’a pas pu joindre %1. Cet ordinateur est-il connecté à Internet ?</translation>
+    </message>
+    <message>
+        <source>Nimbo could not send the report to %1: %2</source>
+        <translation>Nimbo n’a pas pu envoyer le rapport à %1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>HVFeedbackWindow</name>
+    <message>
+        <source>Include system details</source>
+        <translation>Joindre les informations système</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Envoyer un commentaire</translation>
+    </message>
+    <message>
+        <source>Bug report</source>
+        <translation>Rapport de bogue</translation>
+    </message>
+    <message>
+        <source>Crash report</source>
+        <translation>Rapport de plantage</translation>
+    </message>
+    <message>
+        <source>Feature request</source>
+        <translation>Demande de fonctionnalité</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Question</translation>
+    </message>
+    <message>
+        <source>What happened, or what would you like Nimbo to do?</source>
+        <translation>Que s’est-il passé, ou que voudriez-vous que Nimbo fasse ?</translation>
+    </message>
+    <message>
+        <source>Your e-mail address, if you would like an answer</source>
+        <translation>Votre adresse e-mail, si vous souhaitez une réponse</translation>
+    </message>
+    <message>
+        <source>Nimbo and Qt versions, the desktop, X11 or Wayland, and how many applications each group holds</source>
+        <translation>Les versions de Nimbo et de Qt, le bureau, X11 ou Wayland, et le nombre d’applications de chaque groupe</translation>
+    </message>
+    <message>
+        <source>Kind:</source>
+        <translation>Type :</translation>
+    </message>
+    <message>
+        <source>Message:</source>
+        <translation>Message :</translation>
+    </message>
+    <message>
+        <source>Reply to (optional):</source>
+        <translation>Répondre à (facultatif) :</translation>
+    </message>
+    <message>
+        <source>What is sent:</source>
+        <translation>Ce qui est envoyé :</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Envoyer</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>Enregistrer le rapport…</translation>
+    </message>
+    <message>
+        <source>Sending the report to %1…</source>
+        <translation>Envoi du rapport à %1…</translation>
+    </message>
+    <message>
+        <source>Nimbo could not save the report to %1: %2</source>
+        <translation>Nimbo n’a pas pu enregistrer le rapport dans %1 : %2</translation>
+    </message>
+    <message>
+        <source>The report was saved to %1.</source>
+        <translation>Le rapport a été enregistré dans %1.</translation>
+    </message>
+    <message>
+        <source>Sending stopped. The report is still here.</source>
+        <translation>Envoi interrompu. Le rapport est toujours là.</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <translation>Enregistrer le rapport</translation>
+    </message>
+    <message>
+        <source>JSON files (*.json)</source>
+        <translation>Fichiers JSON (*.json)</translation>
+    </message>
+    <message>
+        <source>Thank you! Your report was sent.</source>
+        <translation>Merci ! Votre rapport a été envoyé.</translation>
+    </message>
+</context>
+<context>
     <name>HVIconOverlayView</name>
     <message>
         <source>Version: %1</source>
@@ -531,6 +657,10 @@
     <message>
         <source>Nimbo User Guide</source>
         <translation>Guide de l’utilisateur de Nimbo</translation>
+    </message>
+    <message>
+        <source>Send Feedback…</source>
+        <translation>Envoyer un commentaire…</translation>
     </message>
 </context>
 <context>
