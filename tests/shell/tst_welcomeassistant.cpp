@@ -44,9 +44,6 @@ private slots:
         QCOMPARE(tour->stepLabel()->text(), QString("2 of %1").arg(last));
         QCOMPARE(defaults->integerForKey("lastShownWelcomeStep"), 2);
         QVERIFY(tour->prevButton()->isEnabled());
-        QDir().mkpath(NIMBO_BINARY_DIR "/screenshots");
-        QTest::qWait(300); // the page renders in the background
-        tour->grab().save(NIMBO_BINARY_DIR "/screenshots/welcome.png");
         while (tour->currentStep() < last)
             tour->nextButton()->click();
         QCOMPARE(tour->nextButton()->text(), QString("Close"));
