@@ -1,9 +1,15 @@
 // A private desktop for one test program: XDG folders of its own, set before anything (GLib
 // caches them) reads them, with the system's MIME database and nothing else of the system's;
-// desktop entries written into it; and the recorder program's output read back.
+// desktop entries written into it; the recorder program's output read back; Nimbo started over
+// it as its main() starts it; and other programs (xdotool, nimbo, nimboctl) run to their end
+// while this process keeps answering the X server and the bus.
 #pragma once
 
+#include "support/startnimbo.h"
 #include "support/testenvironment.h"
+
+#include "common/hvuserdefaults.h"
+#include "shell/hvcontroller.h"
 
 #include <QApplication>
 #include <QDir>
@@ -12,6 +18,36 @@
 #include <QTest>
 
 #include <memory>
+
+// What a program run to its end said: its exit code (-1 when it did not start, crashed or hung).
+struct ProgramRun
+{
+    int exitCode = -1;
+    QByteArray out, err;
+};
+
+inline ProgramRun runToEnd(const QString& program, const QStringList& args, int timeoutMs = 20000)
+{
+    QProcess process;
+    process.start(program, args);
+    if (!QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, timeoutMs)) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    const bool ended = process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit;
+    return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+inline bool xdotool(const QStringList& args)
+{
+    return runToEnd(QStringLiteral("xdotool"), args).exitCode == 0;
+}
+
+inline ProgramRun nimboctl(const QStringList& args)
+{
+    return runToEnd(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), args);
+}
 
 class DesktopFixture
 {
@@ -24,13 +60,17 @@ public:
 
     const TestEnvironment& env() const { return m_env; }
     QString applicationsDir() const { return m_env.dataHome() + QStringLiteral("/applications"); }
+    QString entryPath(const QString& id) const { return applicationsDir() + '/' + id + QStringLiteral(".desktop"); }
 
-    // Writes <data home>/applications/<fileName> with Type=Application, the name and the lines.
+    // Writes <data home>/applications/<fileName> with Type=Application and the lines, named after
+    // the file unless the lines give a Name.
     QString writeEntry(const QString& fileName, const QByteArray& lines) const
     {
-        return m_env.writeFile(
-            QStringLiteral("data/applications/") + fileName,
-            "[Desktop Entry]\nType=Application\nName=" + fileName.section('.', 0, 0).toUtf8() + "\n" + lines);
+        const QByteArray name = ('\n' + lines).contains("\nName=")
+                                    ? QByteArray()
+                                    : "Name=" + fileName.section('.', 0, 0).toUtf8() + "\n";
+        return m_env.writeFile(QStringLiteral("data/applications/") + fileName,
+                               "[Desktop Entry]\nType=Application\n" + name + lines);
     }
 
     // Where the recorder program writes the arguments it was launched with.
@@ -48,17 +88,41 @@ public:
     // The session's environment as the launched programs are to get it.
     static QStringList environment() { return QProcess::systemEnvironment(); }
 
+    // Nimbo's preferences in these folders.
+    HVUserDefaults& defaults()
+    {
+        if (!m_defaults)
+            m_defaults = std::make_unique<HVUserDefaults>(m_env.configHome() + QStringLiteral("/Nimbo/Nimbo.conf"));
+        return *m_defaults;
+    }
+    // Nimbo started with `settings` written first; the alerts about missing input access stay closed.
+    HVController* startNimbo(const QVariantMap& settings = {})
+    {
+        defaults().setBool(false, QStringLiteral("showNoUIAccessWarning"));
+        defaults().setBool(false, QStringLiteral("showNoMouseAccessWarning"));
+        for (auto setting = settings.begin(); setting != settings.end(); ++setting)
+            defaults().setObject(setting.value(), setting.key());
+        m_nimbo = ::startNimbo(m_defaults.get());
+        return m_nimbo.get();
+    }
+    void stopNimbo() { m_nimbo.reset(); }
+
 private:
     TestEnvironment m_env;
+    std::unique_ptr<HVUserDefaults> m_defaults;
+    std::unique_ptr<HVController> m_nimbo;
 };
 
 // main() for a desktop test: the private folders exist before the application object
-// (QApplication, or QCoreApplication for a test without Qt's own X connection).
+// (QApplication, or QCoreApplication for a test without Qt's own X connection), and Nimbo, if the
+// test started it, goes before it.
 #define NIMBO_DESKTOP_TEST_MAIN(TestClass, ApplicationClass)                                                 \
     int main(int argc, char** argv)                                                                          \
     {                                                                                                        \
         auto fixture = std::make_unique<DesktopFixture>();                                                   \
         ApplicationClass app(argc, argv);                                                                    \
         TestClass test(*fixture);                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                              \
+        const int failures = QTest::qExec(&test, argc, argv);                                                \
+        fixture->stopNimbo();                                                                                \
+        return failures;                                                                                     \
     }

@@ -7,10 +7,7 @@
 #include "browser/dropstack.h"
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
-#include "common/hvuserdefaults.h"
-#include "shell/hvcontroller.h"
 #include "shell/hvwindow.h"
-#include "support/startnimbo.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -27,15 +24,14 @@ public:
 
 private:
     DesktopFixture& m_fixture;
-    std::unique_ptr<HVUserDefaults> m_defaults;
-    std::unique_ptr<HVController> m_controller;
+    HVController* m_controller = nullptr;
     QString m_record;
     QString m_files;
 
     HVIconView* view() const { return m_controller->iconView(); }
     HVAppRef app(const QString& id) const
     {
-        return view()->manager()->appForPath(m_fixture.applicationsDir() + "/" + id + ".desktop");
+        return view()->manager()->appForPath(m_fixture.entryPath(id));
     }
     QStringList droppable() const
     {
@@ -50,14 +46,6 @@ private:
         return view()->mapToGlobal(view()->rectOfApp(app(id)).center().toPoint());
     }
 
-    // xdotool run without blocking: the panel answers the drag's messages meanwhile.
-    static bool xdotool(const QStringList& args)
-    {
-        QProcess process;
-        process.start(QStringLiteral("xdotool"), args);
-        return QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, 10000) &&
-               process.exitCode() == 0;
-    }
     static bool moveTo(const QPoint& at)
     {
         return xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "sleep", "0.3"});
@@ -92,14 +80,9 @@ private slots:
         m_files = m_fixture.env().root() + "/files";
         QDir().mkpath(m_files);
 
-        m_defaults = std::make_unique<HVUserDefaults>(m_fixture.env().configHome() + "/Nimbo/Nimbo.conf");
-        m_defaults->setBool(false, "showNoUIAccessWarning");
-        m_defaults->setBool(false, "showNoMouseAccessWarning");
-        m_controller = startNimbo(m_defaults.get());
+        m_controller = m_fixture.startNimbo();
         QTRY_VERIFY(app("pictures"));
     }
-
-    void cleanupTestCase() { m_controller.reset(); }
 
     void droppedFilesReachTheAppIntact()
     {

@@ -1,22 +1,18 @@
 // The panel as a user meets it, on a real X server with a real window manager: the hot key
 // (pressed with xdotool), Escape, losing the focus to another window, the remembered group,
 // a second nimbo, nimboctl, and quitting.
-#include "support/testenvironment.h"
+#include "desktopfixture.h"
 
 #include "browser/hviconview.h"
 #include "browser/hvstatscontrol.h"
 #include "catalogue/hvappmanager.h"
-#include "common/hvuserdefaults.h"
-#include "shell/hvcontroller.h"
 #include "shell/hvpanelbutton.h"
 #include "shell/hvpanelcontrols.h"
 #include "shell/hvstatusmenu.h"
 #include "shell/hvtranslations.h"
 #include "shell/hvwindow.h"
 
-#include <QApplication>
 #include <QMessageBox>
-#include <QProcess>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
@@ -42,38 +38,25 @@ protected:
 private:
     QSize* m_size;
 };
-
-bool xdotool(const QStringList& args)
-{
-    return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
-}
 } // namespace
 
 class TestShell : public QObject
 {
     Q_OBJECT
-    TestEnvironment env;
-    std::unique_ptr<HVUserDefaults> defaults;
+    DesktopFixture desktop;
+    HVUserDefaults* defaults = &desktop.defaults();
     std::unique_ptr<HVController> controller;
 
     HVWindow* panel() { return controller->mainWindow(); }
 
-    void writeEntry(const QString& id, const QString& name, const QString& exec)
-    {
-        env.writeFile(
-            "data/applications/" + id + ".desktop",
-            QString("[Desktop Entry]\nType=Application\nName=%1\nExec=%2\n").arg(name, exec).toUtf8());
-    }
-
 private slots:
     void initTestCase()
     {
-        writeEntry("clock", "Clock", "xclock");
-        writeEntry("eyes", "Eyes", "xeyes");
-        writeEntry("terminal", "Terminal", "xterm");
-        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+        desktop.writeEntry("clock.desktop", "Name=Clock\nExec=xclock\n");
+        desktop.writeEntry("eyes.desktop", "Name=Eyes\nExec=xeyes\n");
+        desktop.writeEntry("terminal.desktop", "Name=Terminal\nExec=xterm\n");
         defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults.get());
+        controller = std::make_unique<HVController>(defaults);
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();
         QSize shownAt;
@@ -91,19 +74,11 @@ private slots:
         QCOMPARE(defaults->integerForKey("applicationLaunchCount"), 1);
     }
 
-    void hotKeyHidesAndShowsThePanel()
-    {
-        QVERIFY(xdotool({"key", "ctrl+Tab"}));
-        QTRY_VERIFY(!controller->mainWindowIsVisible());
-        QVERIFY(xdotool({"key", "ctrl+Tab"}));
-        QTRY_VERIFY(controller->mainWindowIsVisible());
-        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
-    }
-
     void summonedRightAfterHidingThePanelStays()
     {
-        // The toolkit reports the focus lost at a hide a moment late; the panel summoned again
-        // within that moment must keep it, not vanish once the report comes in.
+        // The hot key hides and shows the panel. The toolkit reports the focus lost at a hide a
+        // moment late; the panel summoned again within that moment must keep it, not vanish once
+        // the report comes in.
         for (int pause : {0, 60, 120, 200, 320}) {
             QVERIFY(controller->mainWindowIsVisible());
             QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
@@ -176,9 +151,9 @@ private slots:
         QCOMPARE(controller->iconView()->filterSubstring(), QString());
         QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
         QTRY_VERIFY(controller->appManager()->isAppRunning(
-            controller->appManager()->appForPath(env.dataHome() + "/applications/terminal.desktop")));
+            controller->appManager()->appForPath(desktop.entryPath("terminal"))));
         controller->appManager()->quitApp(
-            controller->appManager()->appForPath(env.dataHome() + "/applications/terminal.desktop"));
+            controller->appManager()->appForPath(desktop.entryPath("terminal")));
         QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
         QTest::qWait(500); // the window manager hands the focus on from the closed terminal
         xdotool({"key", "ctrl+Tab"});
@@ -270,25 +245,20 @@ private slots:
     void oneNimboAtATimeAndNimboctlReachesIt()
     {
         controller.reset(); // this process's catalogue and bus name go away
-        QProcess nimboctl;
-        nimboctl.start(Bin + "nimboctl", {"toggle"});
-        QVERIFY(nimboctl.waitForFinished());
-        QCOMPARE(nimboctl.exitCode(), 1);
-        QVERIFY(nimboctl.readAllStandardError().contains("not running"));
+        const ProgramRun alone = nimboctl({"toggle"});
+        QCOMPARE(alone.exitCode, 1);
+        QVERIFY(alone.err.contains("not running"));
 
         QProcess first;
         first.start(Bin + "nimbo", {});
         QVERIFY(first.waitForStarted());
-        QTRY_COMPARE_WITH_TIMEOUT(QProcess::execute(Bin + "nimboctl", {"show"}), 0, 10000);
-        QProcess second;
-        second.start(Bin + "nimbo", {});
-        QVERIFY(second.waitForFinished(10000));
-        QCOMPARE(second.exitCode(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(nimboctl({"show"}).exitCode, 0, 10000);
+        QCOMPARE(runToEnd(Bin + "nimbo", {}).exitCode, 0); // a second one hands over and ends
         QCOMPARE(first.state(), QProcess::Running);
         QTRY_VERIFY(xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}));
-        QCOMPARE(QProcess::execute(Bin + "nimboctl", {"toggle"}), 0);
+        QCOMPARE(nimboctl({"toggle"}).exitCode, 0);
         QTRY_VERIFY(!xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}));
-        QCOMPARE(QProcess::execute(Bin + "nimboctl", {"quit"}), 0);
+        QCOMPARE(nimboctl({"quit"}).exitCode, 0);
         QVERIFY(first.waitForFinished(10000));
         QCOMPARE(first.exitStatus(), QProcess::NormalExit);
     }
