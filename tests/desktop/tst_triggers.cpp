@@ -1,22 +1,21 @@
 // The ways Nimbo is reached besides the hot key, with a running controller on a real X server
 // and session bus: the tray item as a desktop's tray host meets it (through a StatusNotifierWatcher
-// of the test's own), the taskbar entry's progress signals, and launch at login.
-#include "support/testenvironment.h"
+// of the test's own), the taskbar entry's progress signals, launch at login, and the cursor hot
+// spot: the pointer, moved by XTest (xdotool), opens the panel after the dwell delay, opens
+// nothing when it leaves sooner, and clicks at the spot still reach the window beneath.
+#include "desktopfixture.h"
 
-#include "common/hvuserdefaults.h"
 #include "platform/launchatlogin.h"
-#include "shell/hvcontroller.h"
-#include "support/startnimbo.h"
+#include "shell/hvhotspotwindow.h"
+#include "shell/pointertracker.h"
 
-#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusInterface>
 #include <QDBusPendingCall>
 #include <QDBusReply>
 #include <QDBusVariant>
-#include <QDir>
-#include <QFile>
+#include <QScreen>
 #include <QThread>
 #include <QtTest>
 
@@ -82,14 +81,36 @@ QDBusMessage await(const QDBusPendingCall& call)
         qWarning() << "No answer on the bus";
     return pending.reply();
 }
+
+bool moveTo(int x, int y)
+{
+    return xdotool({"mousemove", QString::number(x), QString::number(y)});
+}
+
+// An ordinary window of another kind, under the top-left corner, that counts its clicks.
+class Beneath : public QWidget
+{
+public:
+    int presses = 0;
+    Beneath() : QWidget(nullptr, Qt::FramelessWindowHint)
+    {
+        setGeometry(0, 0, 200, 200);
+        setAutoFillBackground(true);
+        setPalette(QPalette(Qt::green));
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent*) override { ++presses; }
+};
 } // namespace
 
 class TestTriggers : public QObject
 {
     Q_OBJECT
-    TestEnvironment env;
-    std::unique_ptr<HVUserDefaults> defaults;
-    std::unique_ptr<HVController> controller;
+    DesktopFixture desktop;
+    const TestEnvironment& env = desktop.env();
+    HVUserDefaults* defaults = &desktop.defaults();
+    HVController* controller = nullptr;
     QThread watcherThread;
     StatusNotifierWatcher* watcher = new StatusNotifierWatcher;
     QString item; // the tray item's bus name
@@ -133,6 +154,25 @@ class TestTriggers : public QObject
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    HVHotSpotView* spot() const
+    {
+        return controller->hotSpotWindow() ? controller->hotSpotWindow()->view() : nullptr;
+    }
+    bool panelVisible() const { return controller->mainWindowIsVisible(); }
+    void hidePanel()
+    {
+        if (panelVisible())
+            controller->explicitHideMainWindow();
+        QTRY_VERIFY(!panelVisible());
+    }
+    // Away from the corner, and the hot spot knows it.
+    void moveAway()
+    {
+        QVERIFY(moveTo(800, 500));
+        QTRY_VERIFY(!spot()->isHighlighted() && !spot()->hasPendingAction());
+        QTest::qWait(PointerTracker::InsideIntervalMs + 50);
+    }
+
 public slots:
     void launcherUpdated(const QString& app, const QVariantMap& properties)
     {
@@ -156,16 +196,17 @@ private slots:
         QVERIFY(watcherBus.connect({}, {}, "com.canonical.Unity.LauncherEntry", "Update", this,
                                    SLOT(launcherUpdated(QString, QVariantMap))));
 
-        env.writeFile("data/applications/clock.desktop",
-                      "[Desktop Entry]\nType=Application\nName=Clock\nExec=xclock\n");
-        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
-        defaults->setBool(false, "showWindowAtLaunch");
-        controller = startNimbo(defaults.get());
+        desktop.writeEntry("clock.desktop", "Exec=xclock\n");
+        QVERIFY(moveTo(800, 500));
+        controller = desktop.startNimbo({{"showWindowAtLaunch", false},
+                                         {"highlightHotSpots", true},
+                                         {"cursorHotSpotLocation", HVHotSpotWindow::TopLeftCorner}});
+        QVERIFY(spot());
     }
 
     void cleanupTestCase()
     {
-        controller.reset();
+        desktop.stopNimbo();
         watcherThread.quit();
         watcherThread.wait();
     }
@@ -267,6 +308,83 @@ private slots:
         QVERIFY(!defaults->boolForKey("startAtLogin"));
         QVERIFY(QFileInfo(autostart()).isDir());
         QDir(autostart()).removeRecursively();
+    }
+
+    void theCornerOpensThePanelAfterTheDelay()
+    {
+        hidePanel();
+        QElapsedTimer sinceArrival;
+        sinceArrival.start();
+        QVERIFY(moveTo(0, 0));
+        QTRY_VERIFY(spot()->hasPendingAction());
+        QTest::qWait(200);
+        QVERIFY(!panelVisible());
+        QTRY_VERIFY(panelVisible());
+        QVERIFY(sinceArrival.elapsed() >= 350);
+
+        // Visible, the panel hides as soon as the pointer comes back: hiding needs no dwell.
+        moveAway();
+        QVERIFY(panelVisible());
+        QVERIFY(moveTo(0, 0));
+        QTRY_VERIFY(spot()->isHighlighted());
+        QVERIFY(!spot()->hasPendingAction());
+        QTRY_VERIFY(!panelVisible());
+        moveAway();
+    }
+
+    void leavingBeforeTheDelayOpensNothing()
+    {
+        QVERIFY(moveTo(0, 0));
+        QTRY_VERIFY(spot()->hasPendingAction());
+        QVERIFY(moveTo(800, 500));
+        QTRY_VERIFY(!spot()->hasPendingAction());
+        QTest::qWait(500);
+        QVERIFY(!panelVisible());
+    }
+
+    void clicksThereReachTheWindowBeneath()
+    {
+        Beneath beneath;
+        beneath.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&beneath));
+        QTRY_COMPARE(beneath.geometry().topLeft(), QPoint(0, 0));
+        QVERIFY(moveTo(1, 1));
+        QTRY_VERIFY(spot()->isHighlighted());
+        // Drawn red over the window beneath, and the click goes through to that window.
+        const QImage corner = QGuiApplication::primaryScreen()->grabWindow(0, 0, 0, 4, 4).toImage();
+        QCOMPARE(corner.pixelColor(1, 1), QColor(Qt::red));
+        QVERIFY(xdotool({"click", "1"}));
+        QTRY_COMPARE(beneath.presses, 1);
+        QTRY_VERIFY(panelVisible());
+        moveAway();
+        hidePanel();
+
+        // A drag that arrives at the spot counts as the pointer.
+        QVERIFY(moveTo(100, 100));
+        QVERIFY(xdotool({"mousedown", "1"}));
+        QVERIFY(moveTo(0, 0));
+        QTRY_VERIFY(panelVisible());
+        QVERIFY(xdotool({"mouseup", "1"}));
+        moveAway();
+        hidePanel();
+    }
+
+    void theSpotFollowsItsLocation()
+    {
+        defaults->setInteger(HVHotSpotWindow::BottomRightCorner, "cursorHotSpotLocation");
+        QCOMPARE(spot()->area(), QRect(1596, 996, 4, 4));
+        const ProgramRun search = runToEnd("xdotool", {"search", "--name", "^Nimbo Hot Spot$"});
+        QCOMPARE(search.out.trimmed().split('\n').size(), 1);
+
+        // A code of no place is said once and stands for the top edge.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cursorHotSpotLocation.*-3.*top edge"));
+        defaults->setInteger(-3, "cursorHotSpotLocation");
+        QVERIFY(controller->hotSpotWindow());
+        QCOMPARE(spot()->area(), QRect(28, 0, 1544, 1));
+        QTest::failOnWarning(QRegularExpression("cursorHotSpotLocation"));
+        controller->updateCursorHotSpot(); // as a change of screens would: nothing more is said
+        defaults->setInteger(HVHotSpotWindow::None, "cursorHotSpotLocation");
+        QVERIFY(!controller->hotSpotWindow());
     }
 };
 
