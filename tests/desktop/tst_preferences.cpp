@@ -1,76 +1,66 @@
-// The preferences window as a user meets it on a real X server: opened from the menu, by
-// `nimbo --preferences` and `nimboctl preferences` over the session bus, and its controls
-// taking effect at once — the icon size re-lays out the panel, an added scan folder is kept and
-// scanned once, a colour reset sorts once, a new hot key (with Shift or with Alt) is grabbed
-// (pressed through XTest with xdotool) while the old one lets go, and a hot key without
-// modifiers is refused.
-#include "support/testenvironment.h"
+// The preferences window and the sheets beside it as a user meets them on a real X server: the
+// window opened from the menu, by `nimbo --preferences` and `nimboctl preferences` over the session
+// bus, and its controls taking effect at once — the icon size re-lays out the panel, an added scan
+// folder is kept and scanned once, a colour reset sorts once, a new hot key (with Shift or with
+// Alt) is grabbed (pressed through XTest with xdotool) while the old one lets go, and a hot key
+// without modifiers is refused. The automatic exclusion sheet, opened from Nimbo's menu, excludes
+// the applications named by the words typed into it and the desktop's favourites; the app remover
+// chooser takes only an application that opens appstream:// links and refuses any other.
+#include "desktopfixture.h"
 
 #include "browser/hviconview.h"
 #include "catalogue/hvapp.h"
 #include "catalogue/hvappmanager.h"
 #include "catalogue/hvarraycontroller.h"
-#include "common/hvuserdefaults.h"
-#include "shell/hvcontroller.h"
+#include "shell/hvexclusionsheet.h"
 #include "shell/hvpreferences.h"
 #include "shell/hvpreferenceswindow.h"
+#include "shell/hvremoverchooser.h"
 #include "shell/hvstatusmenu.h"
 #include "shell/hvwindow.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QListView>
-#include <QProcess>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QtTest>
 
+#include <functional>
+
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
 
-// Counts the catalogue's scans: each one sets it busy once.
-class ScanCounter : public QObject
+// Counts the catalogue's changes that pass a test.
+class ChangeCounter : public QObject
 {
 public:
-    explicit ScanCounter(HVAppManager* catalogue)
+    ChangeCounter(HVAppManager* catalogue, const std::function<bool(const QStringList&)>& counts)
     {
-        connect(catalogue, &HVAppManager::didChange, this, [this, catalogue](const QStringList& keys) {
-            if (keys.contains(HVAppListKeys::IsBusyScanning) && catalogue->isBusyScanning())
-                ++count;
-        });
+        connect(catalogue, &HVAppManager::didChange, this,
+                [this, counts](const QStringList& keys) { count += counts(keys) ? 1 : 0; });
     }
     int count = 0;
 };
 
-// Counts the re-orderings of every list.
-class SortCounter : public QObject
+void click(QWidget* widget)
 {
-public:
-    explicit SortCounter(HVAppManager* catalogue)
-    {
-        connect(catalogue, &HVAppManager::didChange, this, [this](const QStringList& keys) {
-            if (keys == QStringList{HVAppListKeys::AllApps, HVAppListKeys::AllApps1D})
-                ++count;
-        });
-    }
-    int count = 0;
-};
-
-bool xdotool(const QStringList& args)
-{
-    return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
+    QTest::mouseClick(widget, Qt::LeftButton);
 }
 } // namespace
 
 class TestPreferences : public QObject
 {
     Q_OBJECT
-    TestEnvironment env;
-    std::unique_ptr<HVUserDefaults> defaults;
-    std::unique_ptr<HVController> controller;
+    DesktopFixture desktop;
+    const TestEnvironment& env = desktop.env();
+    HVUserDefaults* defaults = &desktop.defaults();
+    HVController* controller = nullptr;
 
     HVPreferencesWindow* window() { return controller->preferences()->window(); }
     template<typename T>
@@ -80,6 +70,14 @@ class TestPreferences : public QObject
         Q_ASSERT(found);
         return found;
     }
+    QStringList excludedNames() const
+    {
+        QStringList names;
+        for (const HVAppRef& app : controller->appManager()->excludedApps1D())
+            names.append(app->name());
+        names.sort();
+        return names;
+    }
 
 private slots:
     void initTestCase()
@@ -88,24 +86,23 @@ private slots:
         const QList<QPair<const char*, QColor>> apps = {{"Clock", Qt::red},     {"Eyes", Qt::blue},
                                                         {"Terminal", Qt::gray}, {"Editor", Qt::green},
                                                         {"Mail", Qt::yellow},   {"Music", Qt::magenta}};
+        QDir().mkpath(env.root() + "/icons");
         for (const auto& [name, colour] : apps) {
             QImage icon(48, 48, QImage::Format_ARGB32);
             icon.fill(colour);
             const QString iconPath = env.root() + QStringLiteral("/icons/%1.png").arg(name);
-            QDir().mkpath(env.root() + "/icons");
             QVERIFY(icon.save(iconPath));
-            env.writeFile(QStringLiteral("data/applications/%1.desktop").arg(name),
-                          QStringLiteral("[Desktop Entry]\nType=Application\nName=%1\nExec=true\nIcon=%2\n")
-                              .arg(name, iconPath)
-                              .toUtf8());
+            desktop.writeEntry(name + QStringLiteral(".desktop"), "Exec=true\nIcon=" + iconPath.toUtf8() + "\n");
         }
-        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults.get());
+        desktop.writeEntry("MusicHelper.desktop", "Name=Music Helper\nExec=true\n");
+        desktop.writeEntry("SoftwareCentre.desktop",
+                           "Name=Software Centre\nExec=true\nMimeType=x-scheme-handler/appstream;\n");
+        // The desktop's favourites: a Plank dock holding the terminal.
+        env.writeFile("config/plank/dock1/launchers/terminal.dockitem",
+                      "[PlankDockItemPreferences]\nLauncher=file://" + desktop.entryPath("Terminal").toUtf8() + "\n");
+        // Not the first launch: nothing is excluded before the sheet is used.
+        controller = desktop.startNimbo({{"applicationLaunchCount", 1}});
         QVERIFY(controller->registerBusService());
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
-        controller->applicationDidFinishLaunching();
         QTRY_VERIFY(controller->mainWindowIsVisible());
     }
 
@@ -123,16 +120,12 @@ private slots:
         QFETCH(QStringList, arguments);
         controller->explicitHideMainWindow();
         QVERIFY(!controller->preferencesAreVisible());
-        QVERIFY(controller->statusItemMenu()->preferencesAction()->text().startsWith("Preferences"));
         // Asked for twice: still one window.
         for (int i = 0; i < 2; ++i) {
             if (program.isEmpty()) {
                 controller->statusItemMenu()->preferencesAction()->trigger();
             } else {
-                QProcess process;
-                process.start(program, arguments);
-                QTRY_COMPARE(process.state(), QProcess::NotRunning);
-                QCOMPARE(process.exitCode(), 0);
+                QCOMPARE(runToEnd(program, arguments).exitCode, 0);
             }
             QTRY_VERIFY(controller->preferencesAreVisible());
         }
@@ -173,7 +166,10 @@ private slots:
         QVERIFY(QDir().mkpath(folder));
         env.writeFile("more apps/Extra.desktop",
                       "[Desktop Entry]\nType=Application\nName=Extra\nExec=true\n");
-        ScanCounter scans(controller->appManager());
+        HVAppManager* catalogue = controller->appManager();
+        ChangeCounter scans(catalogue, [catalogue](const QStringList& keys) {
+            return keys.contains(HVAppListKeys::IsBusyScanning) && catalogue->isBusyScanning();
+        });
         window()->folders()->setSelectionIndexes({});
         window()->folders()->openPanelDidEnd({folder}, 1); // the folder dialog's answer
         QCOMPARE(defaults->arrayForKey("searchDirectories").first().toMap().value("path").toString(), folder);
@@ -212,7 +208,9 @@ private slots:
         QTRY_VERIFY(catalogue->hasPendingColorSort()); // the icons' colours, found again
         QTRY_VERIFY(!catalogue->hasPendingColorSort());
 
-        SortCounter sorts(catalogue);
+        ChangeCounter sorts(catalogue, [](const QStringList& keys) {
+            return keys == QStringList{HVAppListKeys::AllApps, HVAppListKeys::AllApps1D};
+        });
         sheet->findChild<QPushButton*>("resetColorSortingOptions")->click();
         for (const char* key : {"colorSortGrayThreshold", "colorSortWrapHue", "colorSortMinSaturation",
                                 "colorSortMinLuminosity", "colorSortGraysBySecondaryColor"})
@@ -226,6 +224,77 @@ private slots:
         controller->closePrefs();
         QVERIFY(!sheet->isVisible());
         defaults->removeObjectForKey("groupContentsSortOrder");
+    }
+
+    void theExclusionSheetExcludesTheNamedApps()
+    {
+        controller->explicitHideMainWindow();
+        controller->statusItemMenu()->automaticExclusionAction()->trigger();
+        HVExclusionSheet* sheet = controller->exclusionSheet();
+        QTRY_VERIFY(sheet->isVisible());
+        QVERIFY(controller->mainWindowIsVisible());
+        auto* words = sheet->findChild<QPlainTextEdit*>("nameSubstrings");
+        QVERIFY(words->toPlainText().split('\n').contains("Helper"));
+
+        words->clear();
+        QTest::keyClicks(words, "  clock");
+        QTest::keyClick(words, Qt::Key_Return);
+        QTest::keyClick(words, Qt::Key_Return);
+        QTest::keyClicks(words, "EYES  ");
+        click(sheet->findChild<QCheckBox*>("excludeDockApps"));
+        click(sheet->findChild<QPushButton*>("excludeApps"));
+        QCOMPARE(excludedNames(), QStringList({"Clock", "Eyes", "Terminal"}));
+        QVERIFY(!sheet->isVisible());
+        const auto onDisk = controller->appManager()->readPathArraysFromAppSupportFileNamed(
+            HVListFileNames::ExcludedApplications);
+        QVERIFY(onDisk && onDisk->size() == 3);
+
+        // The words stay for the session; with none given nothing more is excluded by name.
+        controller->autoExcludeApps();
+        QCOMPARE(words->toPlainText(), "clock\nEYES");
+        words->clear();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no words given"));
+        click(sheet->findChild<QPushButton*>("excludeApps"));
+        QCOMPARE(excludedNames(), QStringList({"Clock", "Eyes", "Terminal"}));
+        // The sheet goes with the panel.
+        controller->autoExcludeApps();
+        QVERIFY(sheet->isVisible());
+        controller->explicitHideMainWindow();
+        QVERIFY(!sheet->isVisible());
+    }
+
+    void theRemoverChooserTakesOnlyAnAppstreamHandler()
+    {
+        controller->openPrefs();
+        click(control<QPushButton>("setAppRemover"));
+        HVRemoverChooser* chooser = window()->removerChooser();
+        QTRY_VERIFY(chooser->isVisible());
+        QListWidget* list = chooser->list();
+        const auto choose = [&](const QString& name) {
+            const QList<QListWidgetItem*> items = list->findItems(name, Qt::MatchExactly);
+            QCOMPARE(items.size(), 1);
+            list->setCurrentItem(items.first());
+            click(chooser->findChild<QPushButton*>("chooseAppRemover"));
+        };
+
+        choose("Clock");
+        auto* alert = chooser->findChild<QMessageBox*>("removerRefused");
+        QVERIFY(alert && alert->isVisible());
+        QCOMPARE(alert->text(),
+                 "\"Clock\" cannot accept an application file, so it probably can't delete one "
+                 "either.");
+        QCOMPARE(alert->informativeText(), "Please choose a different app for removing application files.");
+        QVERIFY(!defaults->hasUserValue("appRemoverName"));
+        QVERIFY(!defaults->hasUserValue("appRemoverBundleIdentifier"));
+        QCOMPARE(defaults->stringForKey("appRemoverBundleIdentifier"), "org.gnome.Software.desktop");
+        alert->buttons().first()->click();
+        QVERIFY(chooser->isVisible());
+
+        choose("Software Centre");
+        QCOMPARE(defaults->stringForKey("appRemoverName"), "Software Centre");
+        QCOMPARE(defaults->stringForKey("appRemoverBundleIdentifier"), "SoftwareCentre.desktop");
+        QVERIFY(!chooser->isVisible());
+        QCOMPARE(control<QLabel>("appRemoverName")->text(), "Software Centre");
     }
 
     void hotKeyWithoutModifiersIsRefused()
