@@ -1,52 +1,36 @@
 // Organising from the panel with real input on a real X server: the contextual menu a right
-// click opens, per group, and what its items do.
-#include "support/testenvironment.h"
+// click opens, per group, and what its items do; nimboctl organising the running panel; and
+// favourites moved by real mouse drags, where the icon is let go (a cell, a bunch's top margin, a
+// gap between bunches, nowhere) deciding what the list files then hold.
+#include "desktopfixture.h"
 
 #include "browser/hviconview.h"
 #include "browser/hvpoofeffect.h"
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
-#include "common/hvuserdefaults.h"
-#include "shell/hvcontroller.h"
+#include "catalogue/listfilestore.h"
 #include "shell/hvwindow.h"
-#include "support/startnimbo.h"
 
-#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMenu>
 #include <QMessageBox>
-#include <QProcess>
 #include <QSignalSpy>
 #include <QtTest>
 
-namespace {
-bool xdotool(const QStringList& args)
-{
-    return QProcess::execute(QStringLiteral("xdotool"), args) == 0;
-}
-} // namespace
+#include <functional>
 
 class TestOrganising : public QObject
 {
     Q_OBJECT
-    TestEnvironment env;
-    std::unique_ptr<HVUserDefaults> defaults;
-    std::unique_ptr<HVController> controller;
+    DesktopFixture desktop;
+    HVUserDefaults* defaults = &desktop.defaults();
+    HVController* controller = nullptr;
 
     HVIconView* view() { return controller->iconView(); }
     HVAppManager* manager() { return view()->manager(); }
-    HVAppRef app(const QString& id)
-    {
-        return manager()->appForPath(env.dataHome() + "/applications/" + id + ".desktop");
-    }
-
-    void writeEntry(const QString& id, const QString& name, const QByteArray& more = {})
-    {
-        env.writeFile("data/applications/" + id + ".desktop",
-                      "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=true\n" + more);
-    }
+    HVAppRef app(const QString& id) { return manager()->appForPath(desktop.entryPath(id)); }
 
     // Right-clicks the point of the view with the real pointer (holding `key` if given); the menu
     // that opens, as its item texts ("-" for a separator).
@@ -89,36 +73,63 @@ class TestOrganising : public QObject
         menu->close();
     }
 
-    struct Run
+    // The list files as ids: bunches joined by "|", then " / " and the flat list.
+    static QString favouritesOnDisk()
     {
-        int exitCode = -1;
-        QByteArray out, err;
-    };
-    // nimboctl run while the panel keeps answering the bus.
-    Run nimboctl(const QStringList& args)
+        const auto read = [](const char* name) {
+            return ListFileStore::readArray(ListFileStore::userFolder() + name).value_or(QVariantList());
+        };
+        const auto idsOf = [](const QVariantList& paths) {
+            QStringList ids;
+            for (const QVariant& path : paths)
+                ids.append(QFileInfo(path.toString()).completeBaseName());
+            return ids.join(' ');
+        };
+        QStringList bunches;
+        for (const QVariant& bunch : read("/UserApplications.plist"))
+            bunches.append(idsOf(bunch.toList()));
+        return bunches.join('|') + " / " + idsOf(read("/UserApplications1D.plist"));
+    }
+
+    // A point of the view whose coordinates pass the test, scanning every 2 points; null if none.
+    QPointF pointWhere(const std::function<bool(const Coords&)>& test)
     {
-        QProcess process;
-        process.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), args);
-        if (!QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, 20000))
-            process.kill();
-        return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+        const QSizeF size = view()->size();
+        for (double y = 1; y < size.height(); y += 2) {
+            for (double x = 1; x < size.width(); x += 2) {
+                if (test(view()->coordsOfPoint({x, y})))
+                    return {x, y};
+            }
+        }
+        return {};
+    }
+
+    // Presses on `from`, moves past the threshold and on to `to`, and lets go, with the real pointer.
+    void drag(const QPointF& from, const QPointF& to)
+    {
+        const QPoint a = view()->mapToGlobal(from.toPoint());
+        const QPoint b = view()->mapToGlobal(to.toPoint());
+        const auto n = [](int v) { return QString::number(v); };
+        QVERIFY(xdotool({"mousemove", n(a.x()),    n(a.y()),    "sleep",      "0.2",        "mousedown",
+                         "1",         "sleep",     "0.2",       "mousemove",  n(a.x() + 8), n(a.y() + 8),
+                         "sleep",     "0.3",       "mousemove", n(b.x() + 3), n(b.y()),     "sleep",
+                         "0.3",       "mousemove", n(b.x()),    n(b.y()),     "sleep",      "0.3",
+                         "mouseup",   "1"}));
+        QTest::qWait(300);
     }
 
 private slots:
     void initTestCase()
     {
-        writeEntry("clock", "Clock");
-        writeEntry("eyes", "Eyes");
-        writeEntry("term", "Term",
-                   "Actions=new-window;\n[Desktop Action new-window]\nName=New Window\nExec=true\n");
-        env.writeFile("data/applications/xlogo.desktop",
-                      "[Desktop Entry]\nType=Application\nName=Logo\nExec=xlogo\n");
-        writeEntry("notes", "Notes");              // five apps included: the grid has an empty cell
-        writeEntry("fakeremover", "Fake Remover"); // installed, but opens no appstream: links
-        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
-        defaults->setBool(false, "showNoUIAccessWarning");
-        defaults->setBool(false, "showNoMouseAccessWarning");
-        controller = startNimbo(defaults.get());
+        desktop.writeEntry("clock.desktop", "Name=Clock\nExec=true\n");
+        desktop.writeEntry("eyes.desktop", "Name=Eyes\nExec=true\n");
+        desktop.writeEntry("term.desktop",
+                           "Name=Term\nExec=true\nActions=new-window;\n"
+                           "[Desktop Action new-window]\nName=New Window\nExec=true\n");
+        desktop.writeEntry("xlogo.desktop", "Name=Logo\nExec=xlogo\n");
+        desktop.writeEntry("notes.desktop", "Name=Notes\nExec=true\n"); // five apps included: the grid has an empty cell
+        desktop.writeEntry("fakeremover.desktop", "Name=Fake Remover\nExec=true\n"); // opens no appstream: links
+        controller = desktop.startNimbo();
         QTRY_VERIFY(controller->mainWindowIsVisible());
         manager()->moveApp(app("eyes"), HVAppGroupUser, 0, HVIndexPastEnd);
         manager()->excludeApp(app("term"));
@@ -222,7 +233,7 @@ private slots:
     {
         QVERIFY(controller->registerBusService());
         const QString clock = app("clock")->path();
-        Run run = nimboctl({"favourites", "add", clock, "--new-bunch"});
+        ProgramRun run = nimboctl({"favourites", "add", clock, "--new-bunch"});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(manager()->userApps().last(), HVAppBunch{app("clock")}); // live, no restart
         run = nimboctl({"favourites"});
@@ -231,7 +242,7 @@ private slots:
         // A path that is no application entry changes nothing and says why.
         QVERIFY(manager()->excludedApps1D().contains(app("clock")));
         const QStringList excluded = HVAppManager::pathsFromApps(manager()->excludedApps1D());
-        run = nimboctl({"include", clock, env.root() + "/no/such.desktop"});
+        run = nimboctl({"include", clock, desktop.env().root() + "/no/such.desktop"});
         QCOMPARE(run.exitCode, 1);
         QVERIFY2(run.err.contains("not an application entry"), run.err.constData());
         QCOMPARE(HVAppManager::pathsFromApps(manager()->excludedApps1D()), excluded);
@@ -247,16 +258,12 @@ private slots:
     {
         controller->showMainWindow();
         QTRY_VERIFY(controller->mainWindowIsVisible());
-        QSignalSpy alerts(controller.get(), &HVController::alertShown);
+        QSignalSpy alerts(controller, &HVController::alertShown);
         view()->setGroupToShow(HVAppGroupUser);
         const QString removers[] = {"no.such.remover.desktop", "fakeremover.desktop"};
         for (const QString& remover : removers) {
             defaults->setString(remover, "appRemoverBundleIdentifier");
-            QMenu* menu = nullptr;
-            const QStringList items = rightClick(app("eyes"), &menu);
-            QVERIFY2(menu, qPrintable(items.join(',')));
-            menu->actions().at(int(items.indexOf("Send to Software")))->trigger();
-            menu->close();
+            choose(app("eyes"), "Send to Software");
             for (QWidget* widget : QApplication::topLevelWidgets()) {
                 if (qobject_cast<QMessageBox*>(widget))
                     widget->close(); // the alert, acknowledged
@@ -269,6 +276,60 @@ private slots:
                  QStringLiteral("Please open Nimbo's preferences and choose a different app remover."));
         QCOMPARE(alerts.at(1).at(0).toString(),
                  QStringLiteral("Sending \"Eyes\" to the app remover \"Software\" was not successful."));
+    }
+
+    void whereTheIconIsLetGoDecides()
+    {
+        controller->showMainWindow();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+        const auto cellOf = [this](const char* id) { return view()->rectOfApp(app(id)).center(); };
+        const auto topMarginOf = [this](quint64 bunch) {
+            return pointWhere(
+                [bunch](const Coords& c) { return !c.hasCell() && c.bunch == bunch && c.margin == 0; });
+        };
+        const auto gap = [this](quint64 spacer) {
+            return pointWhere([spacer](const Coords& c) { return !c.hasCell() && c.spacer == spacer; });
+        };
+        // Outside every cell, bunch and gap: inside the view where the layout leaves such a spot,
+        // else the panel's own edge beside the view.
+        const auto nowhere = [this] {
+            const QPointF inside = pointWhere([](const Coords& c) { return c.isEmpty(); });
+            return inside.isNull() ? QPointF(-4, -4) : inside;
+        };
+        // Favourites "eyes notes|xlogo fakeremover" to start with, flat in the same order.
+        const struct
+        {
+            const char* name;
+            int group;
+            const char* moved;
+            std::function<QPointF()> target;
+            QString expected;
+        } cases[] = {
+            {"onto another cell", HVAppGroupUser, "eyes", [&] { return cellOf("fakeremover"); },
+             "notes|xlogo eyes fakeremover / eyes notes xlogo fakeremover"},
+            {"a bunch's top margin", HVAppGroupUser, "fakeremover", [&] { return topMarginOf(0); },
+             "fakeremover eyes notes|xlogo / eyes notes xlogo fakeremover"},
+            {"the gap between bunches", HVAppGroupUser, "notes", [&] { return gap(1); },
+             "eyes|notes|xlogo fakeremover / eyes notes xlogo fakeremover"},
+            {"nowhere: nothing changes", HVAppGroupUser, "eyes", nowhere,
+             "eyes notes|xlogo fakeremover / eyes notes xlogo fakeremover"},
+            {"onto a cell of the flat list", HVAppGroupUser1D, "eyes", [&] { return cellOf("fakeremover"); },
+             "eyes notes|xlogo fakeremover / notes xlogo eyes fakeremover"},
+        };
+        for (const auto& c : cases) {
+            manager()->removeAppsFromUserApps(manager()->userApps1D());
+            manager()->moveApp(app("eyes"), HVAppGroupUser, HVIndexPastEnd, 0);
+            manager()->moveApp(app("notes"), HVAppGroupUser, 0, HVIndexPastEnd);
+            manager()->moveAppToNewBunch(app("xlogo"), HVAppGroupUser, 1);
+            manager()->moveApp(app("fakeremover"), HVAppGroupUser, 1, HVIndexPastEnd);
+            view()->setGroupToShow(c.group);
+            QTRY_COMPARE(view()->groupShown(), c.group);
+            const QPointF to = c.target();
+            QVERIFY2(!to.isNull(), c.name);
+            drag(cellOf(c.moved), to);
+            QVERIFY2(!view()->dragState().dragMoveInProgress, c.name);
+            QCOMPARE(favouritesOnDisk(), c.expected);
+        }
     }
 };
 
