@@ -15,13 +15,7 @@
 #include <csignal>
 
 namespace {
-QStringList pathsOf(const HVAppBunch& apps)
-{
-    QStringList paths;
-    for (const HVAppRef& app : apps)
-        paths.append(app->path());
-    return paths;
-}
+const auto pathsOf = &HVAppManager::pathsFromApps;
 
 // The ICCCM state the window manager gives the window, read by another program.
 QString wmState(quint32 window)

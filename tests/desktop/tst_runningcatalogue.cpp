@@ -36,13 +36,7 @@ public:
     }
 };
 
-QStringList pathsOf(const HVAppBunch& apps)
-{
-    QStringList paths;
-    for (const HVAppRef& app : apps)
-        paths.append(app->path());
-    return paths;
-}
+const auto pathsOf = &HVAppManager::pathsFromApps;
 } // namespace
 
 class TestRunningCatalogue : public QObject
@@ -165,44 +159,33 @@ private slots:
         const QString own = m_source->own;
         manager().setRunningAppsSource(m_source.get());
         QVERIFY(!manager().lastActiveApp());
-        m_source->run({"/a/A.desktop", own, "/a/B.desktop"});
+        // When this program is all that runs, the walk ends at the first record: this program.
+        m_source->run({own});
+        m_source->bringToFront(own);
+        QCOMPARE(manager().lastActiveApp()->path(), own);
+        // Only this program came to the front: the latest launched other application.
+        m_source->run({"/a/A.desktop", "/a/B.desktop", own});
+        QCOMPARE(manager().lastActiveApp()->path(), QString("/a/B.desktop"));
+        // Otherwise the latest other application in front.
         m_source->bringToFront("/a/A.desktop");
         m_source->bringToFront(own);
         QCOMPARE(manager().lastActiveApp()->path(), QString("/a/A.desktop"));
     }
 
-    void lastActiveAppFallsBackOnTheRunningList()
-    {
-        const QString own = m_source->own;
-        m_source->active = own;
-        m_source->apps = {{"/a/A.desktop", {}, {}}, {"/a/B.desktop", {}, {}}, {own, {}, {}}};
-        manager().setRunningAppsSource(m_source.get());
-        // Only this program came to the front: the latest launched other application.
-        QCOMPARE(manager().lastActiveApp()->path(), QString("/a/B.desktop"));
-        // When this program is all that runs, the walk ends at the first record: this program.
-        m_source->run({own});
-        QCOMPARE(manager().lastActiveApp()->path(), own);
-    }
-
-    void activeAppOutsideTheRunningList()
-    {
-        manager().setRunningAppsSource(m_source.get());
-        m_source->run({"/a/A.desktop"});
-        m_source->active = "/a/Panel.desktop";
-        const HVAppRef active = manager().activeApp();
-        QCOMPARE(active->path(), QString("/a/Panel.desktop"));
-        QVERIFY(!manager().isAppRunning(active));
-        m_source->active = "/a/A.desktop";
-        QCOMPARE(manager().activeApp().get(), manager().runningApps().first().get());
-    }
-
-    void isAppRunningComparesPaths()
+    void activeAndRunningAppsAreFoundByPath()
     {
         manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop"});
         QVERIFY(manager().isAppRunning(std::make_shared<HVApp>("/a/./A.desktop")));
         QVERIFY(!manager().isAppRunning(std::make_shared<HVApp>("/a/a.desktop")));
         QVERIFY(!manager().isAppRunning(nullptr));
+        // An active application outside the running list.
+        m_source->active = "/a/Panel.desktop";
+        const HVAppRef active = manager().activeApp();
+        QCOMPARE(active->path(), QString("/a/Panel.desktop"));
+        QVERIFY(!manager().isAppRunning(active));
+        m_source->active = "/a/A.desktop";
+        QCOMPARE(manager().activeApp().get(), manager().runningApps().first().get());
     }
 
     void aSourceThatGoesAwayLeavesNothingRunning()
