@@ -55,7 +55,12 @@ private slots:
         f.showGroup(8); // no favourites at all
         QCOMPARE(f.view->iconLayout().bunchCount(), 0);
         QVERIFY(f.view->keyFilteredApps1D().isEmpty());
+        QVERIFY(f.view->coordsOfPoint(QPointF(20, 20)).isEmpty());
+        QVERIFY(f.view->viewSize() == QSizeF(f.view->size())); // keeps the size it has
         checkSaneAndUsable(f);
+        QTest::mouseClick(f.view.get(), Qt::LeftButton, {}, QPoint(20, 20));
+        f.key(Qt::Key_Return, "\r");
+        QVERIFY(f.actions->launches().isEmpty());
 
         f.view->setGroupToShow(1);
         QCOMPARE(f.view->iconLayout().rowCount(), 1);
@@ -68,6 +73,11 @@ private slots:
         f.type("o");
         QVERIFY(f.key(Qt::Key_Return, "\r")); // the single match
         QCOMPARE(launches.count(), 2);
+        f.view->setMaxIconViewSize(QSizeF(-5, 1e12));
+        QCOMPARE(f.view->iconLayout().iconWidth(), 64);
+        f.view->setGroupToShow(42); // no such group
+        QCOMPARE(f.view->iconLayout().rowCount(), 0);
+        checkSaneAndUsable(f);
     }
 
     void fiveThousandAppsInOneBunch()

@@ -84,29 +84,6 @@ private slots:
         QCOMPARE(f.view->groupShown(), 2); // no bunching: the flat twin
         QCOMPARE(f.view->iconLayout().bunchCount(), 1);
     }
-
-    void emptyListsAndTinyPanelsStaySane()
-    {
-        IconViewFixture f(apps());
-        f.showGroup(9); // no favourites
-        QCOMPARE(f.view->iconLayout().rowCount(), 0);
-        QCOMPARE(f.view->iconLayout().bunchCount(), 0);
-        QVERIFY(f.view->coordsOfPoint(QPointF(20, 20)).isEmpty());
-        QVERIFY(f.view->viewSize() == QSizeF(f.view->size())); // keeps the size it has
-        QVERIFY(!f.view->grab().isNull());
-        f.key(Qt::Key_Return, "\r"); // nothing to launch
-        QVERIFY(f.actions->launches().isEmpty());
-        QTest::mouseClick(f.view.get(), Qt::LeftButton, {}, QPoint(20, 20));
-
-        f.view->setGroupToShow(1);
-        f.view->setMaxIconViewSize(QSizeF(10, 10)); // smaller than one cell
-        QCOMPARE(f.view->iconLayout().iconWidth(), 1);
-        f.view->setMaxIconViewSize(QSizeF(-5, 1e12));
-        QCOMPARE(f.view->iconLayout().iconWidth(), 64);
-        QVERIFY(!f.view->grab().isNull());
-        f.view->setGroupToShow(42); // no such group
-        QCOMPARE(f.view->iconLayout().rowCount(), 0);
-    }
 };
 
 QTEST_MAIN(TestIconViewLayout)
