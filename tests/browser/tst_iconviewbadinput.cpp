@@ -1,7 +1,8 @@
 // The icon view given lists and preferences far outside the usual: no apps, one app, 5,000 in
 // one bunch, 300 bunches of one, a panel smaller than a cell and preference values that make no
-// sense. The grid stays within its table, no icon goes below one point, and the view still
-// paints, takes clicks, keys and the wheel.
+// sense. The grid stays within its table, no icon goes below one point (the layout's own numbers
+// for such input are checked in tst_layoutbadinput), and the view still paints, takes clicks,
+// keys and the wheel, and the pointer reaches the apps.
 #include "iconviewfixture.h"
 
 namespace {
@@ -63,9 +64,6 @@ private slots:
         QVERIFY(f.actions->launches().isEmpty());
 
         f.view->setGroupToShow(1);
-        QCOMPARE(f.view->iconLayout().rowCount(), 1);
-        QCOMPARE(f.view->iconLayout().colCount(), 1);
-        QCOMPARE(f.view->iconLayout().iconWidth(), 64);
         checkSaneAndUsable(f);
         QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
         QTest::mouseClick(f.view.get(), Qt::LeftButton, {}, f.centreOf("Only"));
@@ -74,9 +72,8 @@ private slots:
         QVERIFY(f.key(Qt::Key_Return, "\r")); // the single match
         QCOMPARE(launches.count(), 2);
         f.view->setMaxIconViewSize(QSizeF(-5, 1e12));
-        QCOMPARE(f.view->iconLayout().iconWidth(), 64);
+        checkSaneAndUsable(f);
         f.view->setGroupToShow(42); // no such group
-        QCOMPARE(f.view->iconLayout().rowCount(), 0);
         checkSaneAndUsable(f);
     }
 
@@ -85,8 +82,6 @@ private slots:
         const QStringList names = numbered("App", 5000);
         IconViewFixture f({names});
         f.showGroup(1);
-        const HVIconLayout& layout = f.view->iconLayout();
-        QVERIFY(qint64(layout.rowCount()) * layout.colCount() >= 5000);
         QVERIFY(f.view->width() <= 800 && f.view->height() <= 600);
         checkSaneAndUsable(f);
         // The first and the last app both have a cell the pointer reaches.
@@ -99,7 +94,6 @@ private slots:
         QCOMPARE(f.filtered().size(), 5000);
 
         f.view->setMaxIconViewSize(QSizeF(30, 30)); // not even one cell of one point fits
-        QCOMPARE(f.view->iconLayout().iconWidth(), 1);
         checkSaneAndUsable(f);
     }
 
@@ -110,16 +104,13 @@ private slots:
         f.view->setMaxIconViewSize(QSizeF(1900, 1000));
         f.showGroup(1);
         // Side by side each bunch wants a column of its own, more than the table holds.
-        QVERIFY(f.view->iconLayout().bunchCount() <= 256);
         checkSaneAndUsable(f);
         QCOMPARE(f.view->appAtPoint(f.centreOf(names.first())), f.app(names.first()));
 
-        f.defaults->setInteger(1, "groupOrientation"); // stacked: a row each
-        QVERIFY(f.view->iconLayout().rowCount() <= 256);
-        checkSaneAndUsable(f);
-        f.defaults->setInteger(0, "groupOrientation"); // unbunched: one flat run
-        QCOMPARE(f.view->iconLayout().bunchCount(), 1);
-        checkSaneAndUsable(f);
+        for (int orientation : {1, 0}) { // stacked: a row each; unbunched: one flat run
+            f.defaults->setInteger(orientation, "groupOrientation");
+            checkSaneAndUsable(f);
+        }
     }
 
     void preferencesBeyondReason()
