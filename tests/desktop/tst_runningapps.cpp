@@ -20,11 +20,10 @@ const auto pathsOf = &HVAppManager::pathsFromApps;
 // The ICCCM state the window manager gives the window, read by another program.
 QString wmState(quint32 window)
 {
-    QProcess xprop;
-    xprop.start(QStringLiteral("xprop"),
-                {QStringLiteral("-id"), QString::number(window), QStringLiteral("WM_STATE")});
-    xprop.waitForFinished(5000);
-    const QString text = QString::fromLocal8Bit(xprop.readAllStandardOutput());
+    const QString text = QString::fromLocal8Bit(
+        runToEnd(QStringLiteral("xprop"),
+                 {QStringLiteral("-id"), QString::number(window), QStringLiteral("WM_STATE")})
+            .out);
     return text.contains(QLatin1String("Iconic"))   ? QStringLiteral("Iconic")
            : text.contains(QLatin1String("Normal")) ? QStringLiteral("Normal")
                                                     : text;
