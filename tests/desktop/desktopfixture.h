@@ -35,7 +35,8 @@ inline ProgramRun runToEnd(const QString& program, const QStringList& args, int 
         process.waitForFinished();
         return {};
     }
-    const bool ended = process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit;
+    const bool ended =
+        process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
@@ -60,7 +61,10 @@ public:
 
     const TestEnvironment& env() const { return m_env; }
     QString applicationsDir() const { return m_env.dataHome() + QStringLiteral("/applications"); }
-    QString entryPath(const QString& id) const { return applicationsDir() + '/' + id + QStringLiteral(".desktop"); }
+    QString entryPath(const QString& id) const
+    {
+        return applicationsDir() + '/' + id + QStringLiteral(".desktop");
+    }
 
     // Writes <data home>/applications/<fileName> with Type=Application and the lines, named after
     // the file unless the lines give a Name.
@@ -92,7 +96,8 @@ public:
     HVUserDefaults& defaults()
     {
         if (!m_defaults)
-            m_defaults = std::make_unique<HVUserDefaults>(m_env.configHome() + QStringLiteral("/Nimbo/Nimbo.conf"));
+            m_defaults =
+                std::make_unique<HVUserDefaults>(m_env.configHome() + QStringLiteral("/Nimbo/Nimbo.conf"));
         return *m_defaults;
     }
     // Nimbo started with `settings` written first; the alerts about missing input access stay closed.

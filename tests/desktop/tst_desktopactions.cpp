@@ -196,13 +196,14 @@ private slots:
         const QString gone = "g_desktop_app_info_new_from_filename() returned err: -43";
         QTest::newRow("entry deleted") << QByteArray() << gone << true;
         QTest::newRow("program gone") << QByteArray("Exec=/nonexistent/nimbo-program %F\n") << gone << true;
-        QTest::newRow("TryExec gone") << QByteArray("Exec=sh\nTryExec=nimbo-no-such-program\n") << gone << true;
-        QTest::newRow("empty Exec") << QByteArray("Exec=\n") << "g_app_info_get_commandline() returned err: -1"
-                                    << false;
+        QTest::newRow("TryExec gone")
+            << QByteArray("Exec=sh\nTryExec=nimbo-no-such-program\n") << gone << true;
+        QTest::newRow("empty Exec") << QByteArray("Exec=\n")
+                                    << "g_app_info_get_commandline() returned err: -1" << false;
         QTest::newRow("malformed Exec") << QByteArray("Exec=\"sh -c\n")
                                         << "g_desktop_app_info_new_from_filename() returned err: -1" << false;
-        QTest::newRow("no Exec") << QByteArray("Comment=x\n") << "g_app_info_get_commandline() returned err: -1"
-                                 << false;
+        QTest::newRow("no Exec") << QByteArray("Comment=x\n")
+                                 << "g_app_info_get_commandline() returned err: -1" << false;
     }
     void aFailedLaunchSaysWhyAndAGoneEntryIsMissing()
     {
@@ -231,10 +232,11 @@ private slots:
             QVERIFY(QFile::remove(entry));
         else
             m_fixture.writeEntry(QStringLiteral("nimbotest-doomed.desktop"), exec);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(QStringLiteral("^%1 for URL: %2$")
-                                                    .arg(QRegularExpression::escape(logged),
-                                                         QRegularExpression::escape(doomed->url().toEncoded()))));
+        QTest::ignoreMessage(
+            QtWarningMsg,
+            QRegularExpression(QStringLiteral("^%1 for URL: %2$")
+                                   .arg(QRegularExpression::escape(logged),
+                                        QRegularExpression::escape(doomed->url().toEncoded()))));
         bool launched = true;
         std::thread worker([&] { launched = doomed->launchWithItems(std::nullopt); });
         worker.join();

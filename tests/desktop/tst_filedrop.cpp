@@ -29,10 +29,7 @@ private:
     QString m_files;
 
     HVIconView* view() const { return m_controller->iconView(); }
-    HVAppRef app(const QString& id) const
-    {
-        return view()->manager()->appForPath(m_fixture.entryPath(id));
-    }
+    HVAppRef app(const QString& id) const { return view()->manager()->appForPath(m_fixture.entryPath(id)); }
     QStringList droppable() const
     {
         QStringList ids;

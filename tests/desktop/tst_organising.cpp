@@ -123,12 +123,12 @@ private slots:
     {
         desktop.writeEntry("clock.desktop", "Name=Clock\nExec=true\n");
         desktop.writeEntry("eyes.desktop", "Name=Eyes\nExec=true\n");
-        desktop.writeEntry("term.desktop",
-                           "Name=Term\nExec=true\nActions=new-window;\n"
-                           "[Desktop Action new-window]\nName=New Window\nExec=true\n");
+        desktop.writeEntry("term.desktop", "Name=Term\nExec=true\nActions=new-window;\n"
+                                           "[Desktop Action new-window]\nName=New Window\nExec=true\n");
         desktop.writeEntry("xlogo.desktop", "Name=Logo\nExec=xlogo\n");
-        desktop.writeEntry("notes.desktop", "Name=Notes\nExec=true\n"); // five apps included: the grid has an empty cell
-        desktop.writeEntry("fakeremover.desktop", "Name=Fake Remover\nExec=true\n"); // opens no appstream: links
+        // Five apps included: the grid has an empty cell. The remover opens no appstream: links.
+        desktop.writeEntry("notes.desktop", "Name=Notes\nExec=true\n");
+        desktop.writeEntry("fakeremover.desktop", "Name=Fake Remover\nExec=true\n");
         controller = desktop.startNimbo();
         QTRY_VERIFY(controller->mainWindowIsVisible());
         manager()->moveApp(app("eyes"), HVAppGroupUser, 0, HVIndexPastEnd);

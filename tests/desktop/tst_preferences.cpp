@@ -92,14 +92,16 @@ private slots:
             icon.fill(colour);
             const QString iconPath = env.root() + QStringLiteral("/icons/%1.png").arg(name);
             QVERIFY(icon.save(iconPath));
-            desktop.writeEntry(name + QStringLiteral(".desktop"), "Exec=true\nIcon=" + iconPath.toUtf8() + "\n");
+            desktop.writeEntry(name + QStringLiteral(".desktop"),
+                               "Exec=true\nIcon=" + iconPath.toUtf8() + "\n");
         }
         desktop.writeEntry("MusicHelper.desktop", "Name=Music Helper\nExec=true\n");
         desktop.writeEntry("SoftwareCentre.desktop",
                            "Name=Software Centre\nExec=true\nMimeType=x-scheme-handler/appstream;\n");
         // The desktop's favourites: a Plank dock holding the terminal.
         env.writeFile("config/plank/dock1/launchers/terminal.dockitem",
-                      "[PlankDockItemPreferences]\nLauncher=file://" + desktop.entryPath("Terminal").toUtf8() + "\n");
+                      "[PlankDockItemPreferences]\nLauncher=file://" +
+                          desktop.entryPath("Terminal").toUtf8() + "\n");
         // Not the first launch: nothing is excluded before the sheet is used.
         controller = desktop.startNimbo({{"applicationLaunchCount", 1}});
         QVERIFY(controller->registerBusService());
