@@ -59,9 +59,10 @@ QMenu* HVIconContextMenu::contextualMenuForApp(HVIconView* view, const HVAppRef&
     }
     if (manager && manager->runningApps().contains(app)) {
         menu->addSeparator();
-        if (app->isVisible())
+        // Where the windows of others are out of reach (Wayland), only quitting is offered.
+        if (app->canControlWindows() && app->isVisible())
             menu->addAction(QObject::tr("Hide"), view, [view, app] { view->hideSelectedApp(app); });
-        else
+        else if (app->canControlWindows())
             menu->addAction(QObject::tr("Show"), view, [view, app] { view->showSelectedApp(app); });
         menu->addAction(QObject::tr("Quit"), view, [view, app] { view->quitSelectedApp(app); });
     }

@@ -298,7 +298,10 @@ void HVIconViewDrag::reset()
     emit slideBackRequested();
     if (!m_activeWhenDragBegan) {
         // The app that was in front before the drag comes back.
-        if (const HVAppRef previous = m_view->manager() ? m_view->manager()->lastActiveApp() : HVAppRef()) {
+        // Where windows are out of reach (Wayland) nothing is known to have been in front, and
+        // launching the latest application again would open a window rather than bring one back.
+        const HVAppRef previous = m_view->manager() ? m_view->manager()->lastActiveApp() : HVAppRef();
+        if (previous && previous->canControlWindows()) {
             try {
                 std::thread([previous] { previous->launchWithItems(std::nullopt); }).detach();
             } catch (const std::system_error& error) {

@@ -207,6 +207,11 @@ bool HVApp::pid(qint64* pid) const
     return m_actions && m_actions->pid(*this, pid);
 }
 
+bool HVApp::canControlWindows() const
+{
+    return m_actions && m_actions->canControlWindows();
+}
+
 bool HVApp::isVisible() const
 {
     return m_actions && m_actions->isVisible(*this);

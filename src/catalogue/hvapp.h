@@ -107,6 +107,8 @@ public:
     void setActions(std::shared_ptr<AppActions> actions) { m_actions = std::move(actions); }
     bool launchWithItems(const std::optional<QList<QUrl>>& items);
     bool pid(qint64* pid) const;
+    // Whether its windows can be raised, shown and hidden (not on Wayland).
+    bool canControlWindows() const;
     bool isVisible() const;
     void show();
     void hide();

@@ -4,13 +4,12 @@
 
 #include "desktopappactions.h"
 
+#include "entrydesktopid.h"
 #include "filemanagerreveal.h"
 #include "procfs.h"
 
-#include "catalogue/hvdesktopidclaims.h"
 #include "common/hvnotificationcenter.h"
 #include "common/notificationnames.h"
-#include "common/xdgpaths.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -24,22 +23,6 @@
 namespace {
 const char AppstreamHandler[] = "x-scheme-handler/appstream";
 
-// The entry's desktop ID: its path below the first application folder that holds it, with "/"
-// turned into "-"; outside them its file name. Worked out from the folders themselves rather
-// than asked of GIO, whose picture of the folders lags behind sub-folders made a moment ago.
-QString desktopIdOf(const QString& entryPath)
-{
-    const QString path = QDir::cleanPath(QFileInfo(entryPath).absoluteFilePath());
-    QStringList folders{XdgPaths::dataHome()};
-    folders += XdgPaths::dataDirs();
-    for (const QString& dataFolder : std::as_const(folders)) {
-        const QString applications = QDir::cleanPath(dataFolder + QStringLiteral("/applications"));
-        if (path.startsWith(applications + QLatin1Char('/')))
-            return HVDesktopIdClaims::desktopId(applications, path);
-    }
-    return QFileInfo(path).fileName();
-}
-
 bool handlesAppstream(GDesktopAppInfo* remover)
 {
     const char* const* types = g_app_info_get_supported_types(G_APP_INFO(remover));
@@ -51,17 +34,22 @@ bool handlesAppstream(GDesktopAppInfo* remover)
 }
 } // namespace
 
-DesktopAppActions::DesktopAppActions(std::shared_ptr<X11RunningApps> windows,
+DesktopAppActions::DesktopAppActions(std::shared_ptr<RunningAppControl> running,
                                      std::shared_ptr<LaunchedProcesses> launched, QStringList environment)
-    : m_windows(std::move(windows)),
+    : m_running(std::move(running)),
       m_launched(launched ? std::move(launched) : std::make_shared<LaunchedProcesses>()),
       m_launcher(m_launched, std::move(environment))
-{}
+{
+    if (m_running)
+        m_launcher.setLaunchedHandler([running = m_running](qint64 pid, const QString& entryPath) {
+            running->processLaunched(pid, entryPath);
+        });
+}
 
 bool DesktopAppActions::launch(HVApp& app, const std::optional<QList<QUrl>>& items)
 {
     const QString path = app.path();
-    if ((!items || items->isEmpty()) && m_windows && m_windows->activateApplication(path))
+    if ((!items || items->isEmpty()) && m_running && m_running->activateApplication(path))
         return true;
     QByteArrayList uris;
     for (const QUrl& item : items.value_or(QList<QUrl>()))
@@ -98,7 +86,7 @@ void DesktopAppActions::announceMissing(const QString& path)
 
 bool DesktopAppActions::pid(const HVApp& app, qint64* pid) const
 {
-    const qint64 found = m_windows ? m_windows->pidOfApplication(app.path()) : 0;
+    const qint64 found = m_running ? m_running->pidOfApplication(app.path()) : 0;
     if (pid)
         *pid = found;
     return found > 0;
@@ -106,33 +94,33 @@ bool DesktopAppActions::pid(const HVApp& app, qint64* pid) const
 
 bool DesktopAppActions::isVisible(const HVApp& app) const
 {
-    return m_windows && m_windows->isApplicationVisible(app.path());
+    return m_running && m_running->isApplicationVisible(app.path());
 }
 
 void DesktopAppActions::show(const HVApp& app)
 {
-    if (m_windows)
-        m_windows->showApplication(app.path());
+    if (m_running)
+        m_running->showApplication(app.path());
 }
 
 void DesktopAppActions::hide(const HVApp& app)
 {
-    if (m_windows)
-        m_windows->hideApplication(app.path());
+    if (m_running)
+        m_running->hideApplication(app.path());
 }
 
 bool DesktopAppActions::activate(const HVApp& app)
 {
-    return m_windows && m_windows->activateApplication(app.path());
+    return m_running && m_running->activateApplication(app.path());
 }
 
 void DesktopAppActions::quit(const HVApp& app)
 {
-    if (!m_windows || m_windows->closeApplication(app.path()) == 0)
+    if (!m_running || !m_running->quitApplication(app.path()))
         terminateProcessesOf(app.path());
 }
 
-// An application without windows is asked to end through its processes: those Nimbo launched
+// An application without windows (or unit) is asked to end through its processes: those Nimbo launched
 // from the entry and those GIO launched from it, as their environment tells; never others.
 void DesktopAppActions::terminateProcessesOf(const QString& entryPath)
 {
@@ -157,7 +145,7 @@ void DesktopAppActions::revealInFinder(const HVApp& app)
 
 QByteArray DesktopAppActions::appstreamUriForEntry(const QString& entryPath)
 {
-    QString id = desktopIdOf(entryPath);
+    QString id = desktopIdOfEntry(entryPath);
     if (id.endsWith(QLatin1String(".desktop")))
         id.chop(8);
     return "appstream://" + QUrl::toPercentEncoding(id, "-._~");
@@ -197,7 +185,7 @@ bool DesktopAppActions::prefersURL(const HVApp& app, const QUrl& item) const
 
 bool DesktopAppActions::canControlWindows() const
 {
-    return m_windows && m_windows->isTracking();
+    return m_running && m_running->controlsWindows();
 }
 
 bool DesktopAppActions::isApplicationInstalled(const QString& desktopId) const

@@ -1,6 +1,7 @@
 // What the desktop does for a record, on Linux: launching through GIO (activating the running
-// application instead when no files are given), window control on X11, revealing through the
-// file manager, handing over to the software centre, and documents by MIME type.
+// application instead when no files are given and its window can be raised), window control on
+// X11, quitting, revealing through the file manager, handing over to the software centre, and
+// documents by MIME type.
 #pragma once
 
 #include "catalogue/appactions.h"
@@ -8,7 +9,7 @@
 #include "giolauncher.h"
 #include "launchedprocesses.h"
 #include "mimeacceptance.h"
-#include "x11runningapps.h"
+#include "runningappcontrol.h"
 
 #include <functional>
 #include <memory>
@@ -16,9 +17,11 @@
 class DesktopAppActions : public AppActions
 {
 public:
-    // `windows` may be null or not tracking (no X display): window control then does nothing.
-    // `environment` is the session's environment as Nimbo found it (see GioLauncher).
-    DesktopAppActions(std::shared_ptr<X11RunningApps> windows, std::shared_ptr<LaunchedProcesses> launched,
+    // `running` reaches running applications (their windows on X11, their units on Wayland);
+    // without it, or without windows to reach, window control does nothing. It hears of every
+    // process launched. `environment` is the session's environment as Nimbo found it (see
+    // GioLauncher).
+    DesktopAppActions(std::shared_ptr<RunningAppControl> running, std::shared_ptr<LaunchedProcesses> launched,
                       QStringList environment);
 
     // How a failed launch finds the catalogue's record to announce as missing (called on the
@@ -57,7 +60,7 @@ private:
     void announceMissing(const QString& path);
     void terminateProcessesOf(const QString& entryPath);
 
-    std::shared_ptr<X11RunningApps> m_windows;
+    std::shared_ptr<RunningAppControl> m_running;
     std::shared_ptr<LaunchedProcesses> m_launched;
     GioLauncher m_launcher;
     MimeAcceptance m_mime;

@@ -12,6 +12,7 @@ namespace {
 struct LaunchData
 {
     LaunchedProcesses* launched;
+    const GioLauncher::LaunchedHandler* handler;
     QString entryPath;
 };
 
@@ -19,8 +20,12 @@ void onLaunched(GAppLaunchContext*, GAppInfo*, GVariant* platformData, gpointer 
 {
     auto* launch = static_cast<LaunchData*>(data);
     gint32 pid = 0;
-    if (launch->launched && platformData && g_variant_lookup(platformData, "pid", "i", &pid))
+    if (!platformData || !g_variant_lookup(platformData, "pid", "i", &pid) || pid <= 0)
+        return;
+    if (launch->launched)
         launch->launched->record(pid, launch->entryPath);
+    if (*launch->handler)
+        (*launch->handler)(pid, launch->entryPath);
 }
 
 // A launch context whose environment is the one Nimbo found.
@@ -103,7 +108,7 @@ LaunchOutcome GioLauncher::launch(const QString& entryPath, const QByteArrayList
     for (const QByteArray& uri : uris)
         list = g_list_append(list, const_cast<char*>(uri.constData()));
     GAppLaunchContext* context = contextWithEnvironment(m_environment);
-    LaunchData data{m_launched.get(), entryPath};
+    LaunchData data{m_launched.get(), &m_launchedHandler, entryPath};
     g_signal_connect(context, "launched", G_CALLBACK(onLaunched), &data);
     GError* error = nullptr;
     const bool launched = g_app_info_launch_uris(G_APP_INFO(info), list, context, &error);
@@ -155,7 +160,7 @@ LaunchOutcome GioLauncher::launchAction(const QString& entryPath, const QString&
         return {LaunchOutcome::Unusable, "g_desktop_app_info_list_actions()"};
     }
     GAppLaunchContext* context = contextWithEnvironment(m_environment);
-    LaunchData data{m_launched.get(), entryPath};
+    LaunchData data{m_launched.get(), &m_launchedHandler, entryPath};
     g_signal_connect(context, "launched", G_CALLBACK(onLaunched), &data);
     g_desktop_app_info_launch_action(info, id.constData(), context);
     g_object_unref(context);

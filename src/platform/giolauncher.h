@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 struct LaunchOutcome
@@ -33,6 +34,10 @@ public:
     // `environment` is the session's environment as found ("NAME=value" each).
     GioLauncher(std::shared_ptr<LaunchedProcesses> launched, QStringList environment);
 
+    // Called with each process started, on the launching thread, as soon as it runs.
+    using LaunchedHandler = std::function<void(qint64 pid, const QString& entryPath)>;
+    void setLaunchedHandler(LaunchedHandler handler) { m_launchedHandler = std::move(handler); }
+
     LaunchOutcome launch(const QString& entryPath, const QByteArrayList& uris) const;
     // The entry's [Desktop Action ...] groups it lists in Actions: identifier and localised name.
     static QList<QPair<QString, QString>> actionsOfEntry(const QString& entryPath);
@@ -44,4 +49,5 @@ public:
 private:
     std::shared_ptr<LaunchedProcesses> m_launched;
     QStringList m_environment;
+    LaunchedHandler m_launchedHandler;
 };

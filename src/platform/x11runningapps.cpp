@@ -281,10 +281,10 @@ bool X11RunningApps::isApplicationVisible(const QString& path) const
     return visible;
 }
 
-int X11RunningApps::closeApplication(const QString& path)
+bool X11RunningApps::quitApplication(const QString& path)
 {
     const QList<quint32> windows = windowsOfApplication(path);
     for (quint32 window : windows)
         X11WindowControl::close(*m_x11, window);
-    return int(windows.size());
+    return !windows.isEmpty();
 }

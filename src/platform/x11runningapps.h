@@ -10,6 +10,7 @@
 #include "catalogue/runningappssource.h"
 #include "installedentries.h"
 #include "launchedprocesses.h"
+#include "runningappcontrol.h"
 #include "x11connection.h"
 
 #include <QHash>
@@ -17,7 +18,7 @@
 
 #include <memory>
 
-class X11RunningApps : public RunningAppsSource
+class X11RunningApps : public RunningAppsSource, public RunningAppControl
 {
     Q_OBJECT
 public:
@@ -32,12 +33,13 @@ public:
     // Window control by application path. These are safe from any thread: launching runs on
     // worker threads and activates a running application instead of starting it again.
     QList<quint32> windowsOfApplication(const QString& path) const; // the most recently active first
-    qint64 pidOfApplication(const QString& path) const;             // 0 when unknown
-    bool activateApplication(const QString& path);                  // false when it has no window
-    void showApplication(const QString& path);
-    void hideApplication(const QString& path);
-    bool isApplicationVisible(const QString& path) const;
-    int closeApplication(const QString& path); // the number of windows asked to close
+    bool controlsWindows() const override { return isTracking(); }
+    qint64 pidOfApplication(const QString& path) const override;
+    bool activateApplication(const QString& path) override; // false when it has no window
+    void showApplication(const QString& path) override;
+    void hideApplication(const QString& path) override;
+    bool isApplicationVisible(const QString& path) const override;
+    bool quitApplication(const QString& path) override; // asks each window to close; false without any
 
     // Forgets every window and reads them all again.
     void rereadAllWindows();
