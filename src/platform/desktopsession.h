@@ -1,6 +1,9 @@
 // The desktop services one Nimbo process works with: the processes it launched, the tracker of
-// running applications' windows, and what the desktop does for a record. Made once, at start-up,
-// with the session's environment as Nimbo found it.
+// running applications, and what the desktop does for a record. Made once, at start-up, with
+// the session's environment as Nimbo found it.
+//
+// Running applications are followed through their windows on X11 and through the systemd user
+// units the desktop starts them in on Wayland, where no client sees the windows of others.
 #pragma once
 
 #include <QStringList>
@@ -10,8 +13,8 @@
 class AppActions;
 class DesktopAppActions;
 class LaunchedProcesses;
+class RunningAppControl;
 class RunningAppsSource;
-class X11RunningApps;
 
 class DesktopSession
 {
@@ -22,13 +25,14 @@ public:
     DesktopSession& operator=(const DesktopSession&) = delete;
 
     std::shared_ptr<AppActions> appActions() const;
-    // The running applications, or null without an X display (nothing then counts as running).
-    RunningAppsSource* runningApps() const;
+    // The running applications; null on X11 without a display (nothing then counts as running).
+    RunningAppsSource* runningApps() const { return m_tracker.get(); }
     // Lets a failed launch announce the catalogue's own record as missing.
     DesktopAppActions* desktopActions() const { return m_actions.get(); }
 
 private:
     std::shared_ptr<LaunchedProcesses> m_launched;
-    std::shared_ptr<X11RunningApps> m_windows;
+    std::shared_ptr<RunningAppsSource> m_tracker;
+    std::shared_ptr<RunningAppControl> m_control;
     std::shared_ptr<DesktopAppActions> m_actions;
 };

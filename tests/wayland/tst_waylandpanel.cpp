@@ -6,9 +6,11 @@
 #include "support/testenvironment.h"
 
 #include "browser/hviconview.h"
+#include "catalogue/appactions.h"
 #include "catalogue/hvappmanager.h"
 #include "common/hvuserdefaults.h"
-#include "platform/desktopappactions.h"
+#include "platform/desktopsession.h"
+#include "platform/systemdrunningapps.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvpreferences.h"
 #include "shell/hvpreferenceswindow.h"
@@ -261,10 +263,11 @@ private slots:
 
     void windowsOfOtherApplicationsAreNotControlled()
     {
-        // Wayland gives no client the windows of others: the menus leave out what would need them.
-        auto launched = std::make_shared<LaunchedProcesses>();
-        DesktopAppActions actions(std::make_shared<X11RunningApps>(launched), launched, {});
-        QVERIFY(!actions.canControlWindows());
+        // Wayland gives no client the windows of others: running applications come from the
+        // desktop's systemd units, and the menus leave out what would need windows.
+        DesktopSession session;
+        QVERIFY(qobject_cast<SystemdRunningApps*>(session.runningApps()));
+        QVERIFY(!session.appActions()->canControlWindows());
     }
 
     void noFadeAskedForWindowOpacity()
