@@ -32,6 +32,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <utility>
 
 namespace {
 const QString LaunchCountKey = QStringLiteral("applicationLaunchCount");
@@ -184,6 +185,8 @@ void HVController::applicationDidFinishLaunching()
     else if (!hasMouseAccess() && m_defaults->boolForKey(QStringLiteral("showNoMouseAccessWarning")))
         alertIfNoMouseAccess();
     m_defaults->setInteger(count + 1, LaunchCountKey);
+    if (std::exchange(m_showWhenLaunched, false))
+        showMainWindow();
     HVNotificationCenter::defaultCenter()->postNotificationName(
         HVNotificationNames::ApplicationDidFinishLaunching);
 }

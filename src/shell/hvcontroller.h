@@ -183,6 +183,7 @@ private:
     QDateTime m_didBecomeActiveDate;
     QElapsedTimer m_panelShownAt;
     bool m_finishedLaunching = false;
+    bool m_showWhenLaunched = false;
     bool m_runningDockless = false;
     bool m_isActive = false;
     bool m_observing = false;

@@ -27,7 +27,13 @@ bool HVController::mainWindowIsVisible() const
 
 void HVController::showMainWindow()
 {
-    if (!mainWindowIsVisible() && m_finishedLaunching) {
+    if (!m_finishedLaunching) {
+        // Asked before the catalogue is read (nimboctl, or nimbo run again, during start-up):
+        // the panel opens once it is.
+        m_showWhenLaunched = true;
+        return;
+    }
+    if (!mainWindowIsVisible()) {
         m_panelShownAt.start();
         m_mainWindow->showPanel();
     }

@@ -252,14 +252,18 @@ private slots:
         QProcess first;
         first.start(Bin + "nimbo", {});
         QVERIFY(first.waitForStarted());
+        // Asked to show while it starts up, it shows once it has started (slowly, under a sanitizer).
         QTRY_COMPARE_WITH_TIMEOUT(nimboctl({"show"}).exitCode, 0, 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}), 20000);
+        QCOMPARE(nimboctl({"hide"}).exitCode, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}), 20000);
         QCOMPARE(runToEnd(Bin + "nimbo", {}).exitCode, 0); // a second one hands over and ends
         QCOMPARE(first.state(), QProcess::Running);
-        QTRY_VERIFY(xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}));
+        QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}), 20000);
         QCOMPARE(nimboctl({"toggle"}).exitCode, 0);
-        QTRY_VERIFY(!xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}));
+        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--name", "^Nimbo Main$"}), 20000);
         QCOMPARE(nimboctl({"quit"}).exitCode, 0);
-        QVERIFY(first.waitForFinished(10000));
+        QVERIFY(first.waitForFinished(20000));
         QCOMPARE(first.exitStatus(), QProcess::NormalExit);
     }
 };
