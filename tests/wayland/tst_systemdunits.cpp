@@ -60,8 +60,8 @@ class TestUserManager : public QDBusVirtualObject
 public:
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "testsystemd");
     QList<SystemdBus::UnitStatus> units;
-    QHash<QString, QList<uint>> pids; // the processes it was asked to put into scopes
-    QList<QDBusMessage> calls;
+    QHash<QString, QList<uint>> pids;          // the processes it was asked to put into scopes
+    QHash<QString, QList<QDBusMessage>> calls; // by method
     bool refuseScopes = false;
 
     TestUserManager()
@@ -87,6 +87,11 @@ public:
         units.removeIf([&name](const SystemdBus::UnitStatus& unit) { return unit.name == name; });
         announce(QStringLiteral("UnitRemoved"), name);
     }
+    void removeAll()
+    {
+        while (!units.isEmpty())
+            remove(units.constFirst().name);
+    }
     // The unit stays loaded in another state, as a failed service does.
     void changeState(const QString& name, const QString& state)
     {
@@ -99,24 +104,16 @@ public:
         signal << SystemdBus::UnitInterface << QVariantMap{{"ActiveState", state}} << QStringList();
         bus.send(signal);
     }
-    QList<QDBusMessage> callsOf(const QString& method) const
-    {
-        QList<QDBusMessage> found;
-        for (const QDBusMessage& call : calls) {
-            if (call.member() == method)
-                found.append(call);
-        }
-        return found;
-    }
 
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
     {
         if (message.interface() != SystemdBus::ManagerInterface)
             return false;
-        calls.append(message);
+        calls[message.member()].append(message);
         const QString method = message.member();
         const QList<QVariant> arguments = message.arguments();
+        const QDBusObjectPath job("/org/freedesktop/systemd1/job/1");
         if (method == "Subscribe") {
             bus.send(message.createReply());
         } else if (method == "ListUnitsByPatterns") {
@@ -139,15 +136,13 @@ public:
                 bus.send(message.createErrorReply("org.freedesktop.DBus.Error.AccessDenied", "Not today"));
                 return true;
             }
-            bus.send(
-                message.createReply(QVariant::fromValue(QDBusObjectPath("/org/freedesktop/systemd1/job/1"))));
+            bus.send(message.createReply(QVariant::fromValue(job)));
             add(name);
         } else if (method == "StopUnit") {
             const QString name = arguments.at(0).toString();
             for (uint pid : pids.take(name))
                 ::kill(pid_t(pid), SIGTERM);
-            bus.send(
-                message.createReply(QVariant::fromValue(QDBusObjectPath("/org/freedesktop/systemd1/job/2"))));
+            bus.send(message.createReply(QVariant::fromValue(job)));
             remove(name);
         } else {
             return false;
@@ -170,6 +165,8 @@ QByteArray commandLine(qint64 pid)
     QFile file(QStringLiteral("/proc/%1/cmdline").arg(pid));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+// The sleeper's command line as /proc has it: each argument ends in a null.
+const QByteArray Sleeping = QByteArrayList{"sleep", "97", ""}.join('\0');
 } // namespace
 
 class TestSystemdUnits : public QObject
@@ -224,7 +221,7 @@ private slots:
         systemd.add("app-gnome-org.example.Editor-1234.scope");
         QVERIFY(systemd.appear());
         QTRY_COMPARE(running(), QStringList{editor});
-        QCOMPARE(systemd.callsOf("Subscribe").size(), 1);
+        QCOMPARE(systemd.calls.value("Subscribe").size(), 1);
     }
 
     void unitsAppearingAndLeavingFillAndEmptyTheRunningGroup()
@@ -245,10 +242,8 @@ private slots:
         systemd.changeState("app-org.example.Viewer@a1b2.service", "failed");
         QTRY_COMPARE(running(), QStringList({editor, dashed}));
         QCOMPARE(terminated.size(), 1);
-        systemd.remove("app-gnome-firefox\\x2desr-77.scope");
-        systemd.remove("app-flatpak-org.example.Editor-99.scope");
+        systemd.removeAll();
         QTRY_VERIFY(running().isEmpty());
-        systemd.remove("app-org.example.Viewer@a1b2.service");
     }
 
     void oddNamesAndUnknownApplicationsAreLeftOutWithOneLineEach()
@@ -267,31 +262,23 @@ private slots:
             QCOMPARE(messagesWith(QStringLiteral("\"%1\"").arg(unit)), 1);
         QCOMPARE(messagesWith("org.example.Unknown\", for which no desktop entry"), 1);
         QCOMPARE(messagesWith("app-gnome.slice"), 0);
-        for (const QString& unit :
-             left + QStringList{"app-gnome.slice", "app-gnome-org.example.Viewer-6.scope",
-                                "app-gnome-org.example.Editor-7.scope"})
-            systemd.remove(unit);
+        systemd.removeAll();
         QTRY_VERIFY(running().isEmpty());
     }
 
     void ownLaunchGetsAScopeAndQuitStopsIt()
     {
-        const HVAppRef app = catalogue->appForPath(sleeper);
-        QVERIFY(app->launchWithItems(std::nullopt));
-        QTRY_COMPARE(systemd.callsOf("StartTransientUnit").size(), 1);
-        const QDBusMessage call = systemd.callsOf("StartTransientUnit").constFirst();
+        QVERIFY(catalogue->appForPath(sleeper)->launchWithItems(std::nullopt));
+        QTRY_COMPARE(systemd.calls.value("StartTransientUnit").size(), 1);
+        const QDBusMessage call = systemd.calls.value("StartTransientUnit").constFirst();
         QCOMPARE(call.signature(), QStringLiteral("ssa(sv)a(sa(sv))"));
         const QString unit = call.arguments().at(0).toString();
-        QVERIFY2(QRegularExpression("^app-nimbo-org\\.example\\.Sleeper-[0-9a-f]+\\.scope$")
-                     .match(unit)
-                     .hasMatch(),
-                 qPrintable(unit));
+        const QRegularExpression scopeName("^app-nimbo-org\\.example\\.Sleeper-[0-9a-f]+\\.scope$");
+        QVERIFY2(scopeName.match(unit).hasMatch(), qPrintable(unit));
         QCOMPARE(call.arguments().at(1).toString(), QStringLiteral("fail"));
         const QList<uint> pids = systemd.pids.value(unit);
         QCOMPARE(pids.size(), 1);
-        QCOMPARE(commandLine(pids[0]), QByteArray("sleep\0"
-                                                  "97\0",
-                                                  9));
+        QCOMPARE(commandLine(pids[0]), Sleeping);
         QTRY_COMPARE(running(), QStringList{sleeper});
 
         // The menu offers what can be done: quitting, not hiding or showing.
@@ -304,8 +291,8 @@ private slots:
         QVERIFY2(items.contains("Quit") && !items.contains("Hide") && !items.contains("Show"),
                  qPrintable(items.join(',')));
         menu->actions().at(items.indexOf("Quit"))->trigger();
-        QTRY_COMPARE(systemd.callsOf("StopUnit").size(), 1);
-        QCOMPARE(systemd.callsOf("StopUnit")[0].arguments(),
+        QTRY_COMPARE(systemd.calls.value("StopUnit").size(), 1);
+        QCOMPARE(systemd.calls.value("StopUnit")[0].arguments(),
                  QList<QVariant>({unit, QStringLiteral("replace")}));
         QTRY_VERIFY(running().isEmpty());
         QTRY_VERIFY(!commandLine(pids[0]).startsWith("sleep"));
@@ -315,15 +302,13 @@ private slots:
     {
         systemd.refuseScopes = true;
         QVERIFY(catalogue->appForPath(sleeper)->launchWithItems(std::nullopt));
-        QTRY_COMPARE(systemd.callsOf("StartTransientUnit").size(), 2);
+        QTRY_COMPARE(systemd.calls.value("StartTransientUnit").size(), 2);
         QTRY_COMPARE(messagesWith("Cannot give org.example.Sleeper (process"), 1);
-        const QString unit = systemd.callsOf("StartTransientUnit")[1].arguments().at(0).toString();
+        const QString unit = systemd.calls.value("StartTransientUnit")[1].arguments().at(0).toString();
         const QList<uint> pids = systemd.pids.value(unit);
         QCOMPARE(pids.size(), 1);
         QTest::qWait(200);
-        QCOMPARE(commandLine(pids[0]), QByteArray("sleep\0"
-                                                  "97\0",
-                                                  9));
+        QCOMPARE(commandLine(pids[0]), Sleeping);
         QVERIFY(running().isEmpty());
 
         // The manager goes away, as at logout: what ran is forgotten, said once.
@@ -334,7 +319,7 @@ private slots:
         QCOMPARE(messagesWith("The systemd user manager left the session bus"), 1);
         QVERIFY(catalogue->appForPath(editor)->launchWithItems(std::nullopt));
         QTest::qWait(200);
-        QCOMPARE(systemd.callsOf("StartTransientUnit").size(), 2);
+        QCOMPARE(systemd.calls.value("StartTransientUnit").size(), 2);
     }
 
     void cleanupTestCase()
