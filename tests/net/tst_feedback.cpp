@@ -82,7 +82,6 @@ private slots:
         QCOMPARE(items.value(at - 1)->text(), "Nimbo Home Page");
         QVERIFY(items.value(at + 1)->isSeparator());
         QCOMPARE(items.value(at + 2), items.last());
-        QCOMPARE(menu->feedbackAction()->text(), "Send Feedback…");
 
         QVERIFY(!form());
         menu->feedbackAction()->trigger();
@@ -133,22 +132,19 @@ private slots:
         QVERIFY(request.headers.value("content-type").startsWith("application/json"));
         QCOMPARE(QString::fromUtf8(request.body), preview);
 
-        const QJsonObject sent = QJsonDocument::fromJson(request.body).object();
-        QCOMPARE(sent.value("kind").toString(), "feature");
-        QCOMPARE(sent.value("message").toString(), message);
-        QCOMPARE(sent.value("replyTo").toString(), replyTo);
-        QCOMPARE(sent.contains("replyTo"), !replyTo.isEmpty());
-        QCOMPARE(sent.contains("system"), system);
-        if (system) {
-            const QJsonObject details = sent.value("system").toObject();
-            QCOMPARE(details.value("nimboVersion").toString(), NimboInfo::version());
-            QCOMPARE(details.value("qtVersion").toString(), QString::fromLatin1(qVersion()));
-            QCOMPARE(details.value("windowSystem").toString(), "offscreen");
-            QCOMPARE(details.value("desktop").toString(), qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
-            const QJsonObject counts = details.value("appCounts").toObject();
-            QCOMPARE(counts.value("total").toInt(), 3);
-            QCOMPARE(counts.keys(), QStringList({"excluded", "favorites", "included", "running", "total"}));
-        }
+        // No empty reply address, and the system details only when asked for.
+        const QJsonObject counts{
+            {"total", 3}, {"included", 0}, {"excluded", 0}, {"favorites", 0}, {"running", 0}};
+        QJsonObject expected{{"kind", "feature"}, {"message", message}};
+        if (!replyTo.isEmpty())
+            expected["replyTo"] = replyTo;
+        if (system)
+            expected["system"] = QJsonObject{{"nimboVersion", NimboInfo::version()},
+                                             {"qtVersion", qVersion()},
+                                             {"windowSystem", "offscreen"},
+                                             {"desktop", qEnvironmentVariable("XDG_CURRENT_DESKTOP")},
+                                             {"appCounts", counts}};
+        QCOMPARE(QJsonDocument::fromJson(request.body).object(), expected);
 
         // Thanks, then the form closes, emptied for the next report.
         QTRY_VERIFY(status().startsWith("Thank you"));
