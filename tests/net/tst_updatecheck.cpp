@@ -79,41 +79,33 @@ private slots:
         const auto result = finished.first().first().value<UpdateCheckResult>();
         QVERIFY2(error.isEmpty() ? result.error.isEmpty() : result.error.startsWith(error),
                  qPrintable(result.error));
-        QCOMPARE(result.error.isEmpty(), error.isEmpty());
         QCOMPARE(result.latest.version, latest);
         QCOMPARE(result.newer, newer);
-        QCOMPARE(result.current, QStringLiteral("1.9"));
         QVERIFY(!check.isRunning());
     }
 
-    void nimboctlPrintsTheResult_data()
-    {
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QJsonObject>("expected");
-        QTest::newRow("newer") << QByteArray("/newer") << 0
-                               << QJsonObject{{"current", NimboInfo::version()},
-                                              {"latest", "1.10"},
-                                              {"newer", true},
-                                              {"url", "https://example.org/notes/1.10"}};
-        QTest::newRow("unreadable") << QByteArray("/malformed") << 1 << QJsonObject{};
-    }
+    // nimboctl updates prints what it found as JSON, or why it found nothing and fails.
     void nimboctlPrintsTheResult()
     {
-        QFETCH(QByteArray, path);
-        QFETCH(int, exitCode);
-        QFETCH(QJsonObject, expected);
-        QProcess ctl;
-        QSignalSpy done(&ctl, &QProcess::finished);
-        ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"),
-                  {"updates", "--feed", server.url(path), "--timeout", "5"});
-        QVERIFY(done.wait(20000)); // the server answers from this event loop
-        QCOMPARE(ctl.exitCode(), exitCode);
-        const QJsonObject printed = QJsonDocument::fromJson(ctl.readAllStandardOutput()).object();
-        if (exitCode == 0)
-            QCOMPARE(printed, expected);
-        else
-            QVERIFY(printed.value("error").toString().startsWith("the feed is not valid XML"));
+        for (const QByteArray path : {"/newer", "/malformed"}) {
+            QProcess ctl;
+            QSignalSpy done(&ctl, &QProcess::finished);
+            ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"),
+                      {"updates", "--feed", server.url(path), "--timeout", "5"});
+            QVERIFY(done.wait(20000)); // the server answers from this event loop
+            const QJsonObject printed = QJsonDocument::fromJson(ctl.readAllStandardOutput()).object();
+            if (path == "/newer") {
+                QCOMPARE(ctl.exitCode(), 0);
+                QCOMPARE(printed, (QJsonObject{{"current", NimboInfo::version()},
+                                               {"latest", "1.10"},
+                                               {"newer", true},
+                                               {"url", "https://example.org/notes/1.10"}}));
+            } else {
+                QCOMPARE(ctl.exitCode(), 1);
+                QVERIFY2(printed.value("error").toString().startsWith("the feed is not valid XML"),
+                         qPrintable(printed.value("error").toString()));
+            }
+        }
     }
 };
 
