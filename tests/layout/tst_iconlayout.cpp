@@ -4,11 +4,30 @@
 
 #include <QtTest>
 
+// A hit reads in a failure message as its fields, "-" for none.
+char* toString(const Coords& c)
+{
+    const auto f = [](quint64 v) { return Coords::isNone(v) ? QString("-") : QString::number(v); };
+    return qstrdup(qPrintable(QString("row %1 col %2 bunch %3 spacer %4 margin %5")
+                                  .arg(f(c.row), f(c.col), f(c.bunch), f(c.spacer), f(c.margin))));
+}
+
 namespace {
 // Bunches of 3 and 5 apps side by side on a 1200 x 800 panel: 3 rows, 3 columns.
 HVIconLayout threeAndFive(const HVIconLayoutPreferences& p = {})
 {
     return HVIconLayout::forGroup(1, false, {3, 5}, p, QSizeF(1200, 800));
+}
+
+// The favourites as a flat list of ten.
+HVIconLayout tenApps(const QSizeF& panel, const HVIconLayoutPreferences& p = {})
+{
+    return HVIconLayout::forGroup(2, false, {10}, p, panel);
+}
+
+std::pair<int, int> rowsCols(const HVIconLayout& layout)
+{
+    return {layout.rowCount(), layout.colCount()};
 }
 
 QList<quint64> indexes(const HVIconLayout& layout, int row)
@@ -30,44 +49,37 @@ private slots:
     {
         // Ten apps on a square area: 1, 2 and 3 rows are all too wide (10, 2.5, 1.33), 4 rows give
         // 3 columns (0.75); 0.75 lies closer to 1 than 1.33 does, so 4 x 3 stays.
-        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(524, 524));
-        QCOMPARE(layout.rowCount(), 4);
-        QCOMPARE(layout.colCount(), 3);
+        const HVIconLayout layout = tenApps({524, 524});
+        QCOMPARE(rowsCols(layout), std::pair(4, 3));
         QCOMPARE(layout.bunchCount(), 1);
         QCOMPARE(layout.viewSize(), QSizeF(228, 296));
         QCOMPARE(indexes(layout, 3), (QList<quint64>{9, 99, 99}));
         // Twice as wide as tall: 3 rows (1.33) stop the search, but 2 rows (2.5) lay closer to 2.
-        const HVIconLayout wide = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(424, 224));
-        QCOMPARE(wide.rowCount(), 2);
-        QCOMPARE(wide.colCount(), 5);
-        const HVIconLayout downward =
-            HVIconLayout::forGroup(2, false, {10}, {.iconReadingOrder = 2}, QSizeF(524, 524));
+        QCOMPARE(rowsCols(tenApps({424, 224})), std::pair(2, 5));
+        const HVIconLayout downward = tenApps({524, 524}, {.iconReadingOrder = 2});
         QCOMPARE(indexes(downward, 1), (QList<quint64>{1, 5, 9}));
         QCOMPARE(indexes(downward, 2), (QList<quint64>{2, 6, 99}));
     }
 
     void runningAppsMakeAStripAsLongAsTheWidthAllows()
     {
-        QCOMPARE(HVIconLayout::forGroup(0, false, {10}, {}, QSizeF(1200, 800)).rowCount(), 1);
-        const HVIconLayout twenty = HVIconLayout::forGroup(0, false, {20}, {}, QSizeF(1200, 800));
-        QCOMPARE(twenty.rowCount(), 2);
-        QCOMPARE(twenty.colCount(), 10);
-        // 276 points across: 10, 5 columns of 68 overflow, 4 fit.
-        const HVIconLayout narrow = HVIconLayout::forGroup(0, false, {10}, {}, QSizeF(300, 800));
-        QCOMPARE(narrow.rowCount(), 3);
-        QCOMPARE(narrow.colCount(), 4);
+        const auto running = [](int apps, double width) {
+            return rowsCols(HVIconLayout::forGroup(0, false, {apps}, {}, QSizeF(width, 800)));
+        };
+        QCOMPARE(running(10, 1200), std::pair(1, 10));
+        QCOMPARE(running(20, 1200), std::pair(2, 10));
+        QCOMPARE(running(10, 300), std::pair(3, 4)); // 276 points across: 5 columns of 68 overflow
     }
 
     void iconsShrinkOnePointAtATimeUntilTheGridFits()
     {
         // 4 rows of cells plus margins within 200 points: cells of 44, icons of 40.
-        const HVIconLayout layout = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(200, 200));
+        const HVIconLayout layout = tenApps({200, 200});
         QCOMPARE(layout.iconWidth(), 40);
         QCOMPARE(layout.cellWidth(), 44);
         QCOMPARE(layout.viewSize(), QSizeF(156, 200));
         // With 3 points between cells: 4 c + 24 + 9 <= 200 leaves c = 41.
-        const HVIconLayout spaced =
-            HVIconLayout::forGroup(2, false, {10}, {.iconSpacing = 3}, QSizeF(200, 200));
+        const HVIconLayout spaced = tenApps({200, 200}, {.iconSpacing = 3});
         QCOMPARE(spaced.iconWidth(), 37);
         QCOMPARE(spaced.viewSize(), QSizeF(153, 197));
         QCOMPARE(spaced.rectOfCellForRow(3, 2), QRectF(100, 144, 41, 41));
@@ -76,8 +88,7 @@ private slots:
     void bunchesSideBySide()
     {
         const HVIconLayout layout = threeAndFive();
-        QCOMPARE(layout.rowCount(), 3);
-        QCOMPARE(layout.colCount(), 3);
+        QCOMPARE(rowsCols(layout), std::pair(3, 3));
         QCOMPARE(layout.iconWidth(), 64);
         QCOMPARE(layout.viewSize(), QSizeF(262, 228));
         QCOMPARE(layout.rectOfCellForRow(0, 1), QRectF(114, 12, 68, 68));
@@ -99,18 +110,15 @@ private slots:
         QVERIFY(layout.forceRowColCountForRows(2, 0));
         QCOMPARE(layout.colCount(), 5); // 2 columns for three apps, 3 for five
         QCOMPARE(layout.viewSize(), QSizeF(5 * 68 + 24 + 3 * 4 + 34, 2 * 68 + 24 + 4));
-        const QRectF lastOfFirst = layout.rectOfCellForRow(0, 1);
-        const QRectF firstOfSecond = layout.rectOfCellForRow(0, 2);
-        QCOMPARE(lastOfFirst.x(), 84.0);
-        QCOMPARE(firstOfSecond.x() - lastOfFirst.right(), 34.0);
+        QCOMPARE(layout.rectOfCellForRow(0, 1), QRectF(84, 12, 68, 68));
+        QCOMPARE(layout.rectOfCellForRow(0, 2).x(), 84 + 68 + 34.0);
         QVERIFY(!layout.forceRowColCountForRows(0, 4)); // side by side: only rows can be forced
     }
 
     void bunchesStackedAndTheEmptyCellTradeOff()
     {
         const HVIconLayout layout = threeAndFive({.groupOrientation = 1});
-        QCOMPARE(layout.rowCount(), 2);
-        QCOMPARE(layout.colCount(), 5);
+        QCOMPARE(rowsCols(layout), std::pair(2, 5));
         QCOMPARE(layout.viewSize(), QSizeF(364, 194));
         QCOMPARE(layout.rectOfCellForRow(0, 0), QRectF(12, 12, 68, 68));
         QCOMPARE(layout.rectOfCellForRow(1, 4), QRectF(12 + 4 * 68, 114, 68, 68));
@@ -120,14 +128,11 @@ private slots:
         QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 1, 2, 99, 99}));
         // Keeping empty cells few goes on to 3 x 3 (one empty cell instead of two) even though
         // that shape lies further from the panel's aspect.
-        const HVIconLayout fewerEmpty = threeAndFive({.groupOrientation = 1, .minimizeEmptyCells = true});
-        QCOMPARE(fewerEmpty.rowCount(), 3);
-        QCOMPARE(fewerEmpty.colCount(), 3);
-        QCOMPARE(fewerEmpty.lookupTable().at(1, 0).bunch, quint64(1));
-        QCOMPARE(
-            indexes(threeAndFive({.groupOrientation = 1, .iconReadingOrder = 2, .minimizeEmptyCells = true}),
-                    1),
-            (QList<quint64>{0, 2, 4}));
+        HVIconLayoutPreferences fewerEmpty{.groupOrientation = 1, .minimizeEmptyCells = true};
+        QCOMPARE(rowsCols(threeAndFive(fewerEmpty)), std::pair(3, 3));
+        QCOMPARE(threeAndFive(fewerEmpty).lookupTable().at(1, 0).bunch, quint64(1));
+        fewerEmpty.iconReadingOrder = 2;
+        QCOMPARE(indexes(threeAndFive(fewerEmpty), 1), (QList<quint64>{0, 2, 4}));
     }
 
     void optionKeyAndOrientationPickTheGroupShown()
@@ -141,8 +146,7 @@ private slots:
         QCOMPARE(groupToShowConsideringModifiers(3, true, 1), 3);
         QCOMPARE(groupToShowConsideringModifiers(0, true, 0), 0);
         // A flat group shows the bunches' apps as one run.
-        const HVIconLayout shown =
-            HVIconLayout::forGroup(1, false, {3, 5}, {.groupOrientation = 0}, QSizeF(1200, 800));
+        const HVIconLayout shown = threeAndFive({.groupOrientation = 0});
         QCOMPARE(shown.groupShown(), 2);
         QCOMPARE(shown.bunchCount(), 1);
         QCOMPARE(shown.bunchSizes(), QList<int>{8});
@@ -150,48 +154,42 @@ private slots:
 
     void preferencesAreClampedToTheirRanges()
     {
-        HVIconLayoutPreferences p{
+        // An unknown orientation is side by side; the rest are held to their ranges.
+        const HVIconLayoutPreferences low{
             .groupOrientation = 7, .maximumIconSize = 200, .iconPadding = 0, .iconSpacing = -3};
-        QCOMPARE(p.clamped().maximumIconSize, 128);
-        QCOMPARE(p.clamped().iconPadding, 2);
-        QCOMPARE(p.clamped().iconSpacing, 0);
-        QCOMPARE(p.clamped().groupOrientation, 2);
-        p.iconPadding = 20;
-        p.iconSpacing = 12;
-        QCOMPARE(p.clamped().iconPadding, 8);
-        QCOMPARE(p.clamped().iconSpacing, 8);
+        QVERIFY(low.clamped() == (HVIconLayoutPreferences{.maximumIconSize = 128, .iconPadding = 2}));
+        const HVIconLayoutPreferences high{.iconPadding = 20, .iconSpacing = 12};
+        QVERIFY(high.clamped() == (HVIconLayoutPreferences{.iconPadding = 8, .iconSpacing = 8}));
     }
 
     void pointsMapToCellsGapsAndMargins()
     {
         const HVIconLayout layout = threeAndFive();
-        const auto hit = [&](double x, double y) { return layout.coordsOfPoint(QPointF(x, y)); };
-        // Top and left edges belong to a cell, bottom and right ones to the next.
-        QCOMPARE(hit(12, 12).row, quint64(0));
-        QCOMPARE(hit(79.9, 79.9).col, quint64(0));
-        QCOMPARE(hit(12, 80).row, quint64(1));
-        QCOMPARE(hit(80, 12).spacer, quint64(1));
-        QVERIFY(!hit(80, 12).hasCell());
-        const Coords emptyCell = hit(200, 160);
-        QCOMPARE(emptyCell.row, quint64(2));
-        QCOMPARE(emptyCell.col, quint64(2));
-        QCOMPARE(emptyCell.bunch, quint64(1));
+        const struct
+        {
+            QPointF point;
+            Coords expected;
+        } hits[] = {
+            // Top and left edges belong to a cell, bottom and right ones to the next.
+            {{12, 12}, {.row = 0, .col = 0, .bunch = 0}},
+            {{79.9, 79.9}, {.row = 0, .col = 0, .bunch = 0}},
+            {{12, 80}, {.row = 1, .col = 0, .bunch = 0}},
+            {{80, 12}, {.spacer = 1}},
+            {{200, 160}, {.row = 2, .col = 2, .bunch = 1}}, // an empty cell
+            {{50, 5}, {.bunch = 0, .margin = 0}},           // above a bunch, for the margin mark
+            {{5, 5}, {.spacer = 0, .margin = 0}},           // the corner reads as the top margin first
+            {{5, 100}, {.spacer = 0, .margin = 3}},
+            {{255, 100}, {.spacer = 2, .margin = 1}},
+            {{262, 100}, {}},
+            {{-0.5, 100}, {}},
+        };
+        for (const auto& hit : hits)
+            QCOMPARE(std::pair(hit.point, layout.coordsOfPoint(hit.point)),
+                     std::pair(hit.point, hit.expected));
         QVERIFY(!layout.lookupTable().at(2, 2).filled);
-        // Above a bunch: the bunch and the top margin, for the margin mark.
-        const Coords above = hit(50, 5);
-        QCOMPARE(above.bunch, quint64(0));
-        QCOMPARE(above.margin, quint64(0));
-        QVERIFY(!above.hasCell());
-        QCOMPARE(hit(5, 5).margin, quint64(0)); // the corner reads as the top margin first
-        QCOMPARE(hit(5, 100).margin, quint64(3));
-        QCOMPARE(hit(5, 100).spacer, quint64(0));
-        QCOMPARE(hit(255, 100).spacer, quint64(2));
-        QVERIFY(hit(262, 100).isEmpty());
-        QVERIFY(hit(-0.5, 100).isEmpty());
         // A flat list is one bunch: its margins still report the bunch.
-        const HVIconLayout flat = HVIconLayout::forGroup(2, false, {10}, {}, QSizeF(524, 524));
-        QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)).bunch, quint64(0));
-        QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)).margin, quint64(2));
+        const HVIconLayout flat = tenApps({524, 524});
+        QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)), (Coords{.bunch = 0, .margin = 2}));
         QCOMPARE(flat.bunchSpacingRects(), (QList<QRectF>{QRectF(), QRectF()}));
     }
 
@@ -199,8 +197,7 @@ private slots:
     {
         const HVIconLayout layout = threeAndFive();
         const Coords coords = layout.coordsOfApp(1, 4);
-        QCOMPARE(coords.row, quint64(2));
-        QCOMPARE(coords.col, quint64(1));
+        QCOMPARE(coords, (Coords{.row = 2, .col = 1, .bunch = 1}));
         QCOMPARE(layout.rectOfCoords(coords), QRectF(114, 148, 68, 68));
         QVERIFY(layout.coordsOfApp(1, 5).isEmpty());
         QVERIFY(layout.rectOfCoords(Coords()).isNull());
