@@ -22,26 +22,19 @@ private slots:
         QTest::addColumn<QString>("a");
         QTest::addColumn<QString>("b");
         QTest::addColumn<int>("expected");
-        QTest::newRow("numbers, not text") << "1.10"
-                                           << "1.9" << 1;
-        QTest::newRow("same") << "0.1.0"
-                              << "0.1.0" << 0;
-        QTest::newRow("trailing zero") << "1.0"
-                                       << "1.0.0" << 0;
-        QTest::newRow("further number") << "1.0"
-                                        << "1.0.1" << -1;
-        QTest::newRow("beta before release") << "1.0b1"
-                                             << "1.0" << -1;
-        QTest::newRow("betas in order") << "1.0b2"
-                                        << "1.0b10" << -1;
-        QTest::newRow("patch after beta") << "1.0.1"
-                                          << "1.0b" << 1;
-        QTest::newRow("leading zeros") << "1.010"
-                                       << "1.9" << 1;
-        QTest::newRow("longer than 64 bits") << "1.99999999999999999999"
-                                             << "1.99999999999999999998" << 1;
-        QTest::newRow("major wins") << "2.0"
-                                    << "1.99.99" << 1;
+        const auto row = [](const char* name, const char* a, const char* b, int expected) {
+            QTest::newRow(name) << QString(a) << QString(b) << expected;
+        };
+        row("numbers, not text", "1.10", "1.9", 1);
+        row("same", "0.1.0", "0.1.0", 0);
+        row("trailing zero", "1.0", "1.0.0", 0);
+        row("further number", "1.0", "1.0.1", -1);
+        row("beta before release", "1.0b1", "1.0", -1);
+        row("betas in order", "1.0b2", "1.0b10", -1);
+        row("patch after beta", "1.0.1", "1.0b", 1);
+        row("leading zeros", "1.010", "1.9", 1);
+        row("longer than 64 bits", "1.99999999999999999999", "1.99999999999999999998", 1);
+        row("major wins", "2.0", "1.99.99", 1);
     }
     void compareVersions()
     {
@@ -58,45 +51,34 @@ private slots:
         QTest::addColumn<QString>("latest"); // empty: an error is expected
         QTest::addColumn<QString>("notes");
         QTest::addColumn<QString>("error");
-        QTest::newRow("enclosure attributes, newest not first")
-            << feed("<item><title>1.9</title><sparkle:releaseNotesLink>https://x/1.9</"
-                    "sparkle:releaseNotesLink>"
-                    "<enclosure url=\"https://x/1.9.deb\" sparkle:version=\"190\" "
-                    "sparkle:shortVersionString=\"1.9\"/></item>"
-                    "<item><title>1.10</title><sparkle:releaseNotesLink>https://x/1.10</"
-                    "sparkle:releaseNotesLink>"
-                    "<enclosure url=\"https://x/1.10.deb\" sparkle:version=\"1100\" "
-                    "sparkle:shortVersionString=\"1.10\"/></item>")
-            << "1.10"
-            << "https://x/1.10"
-            << "";
-        QTest::newRow("elements, link as notes")
-            << feed("<item><link>https://x/2</link><sparkle:version> 2.0 </sparkle:version></item>") << "2.0"
-            << "https://x/2"
-            << "";
-        QTest::newRow("items without version are left out")
-            << feed("<item><title>none</title></item><item><enclosure url=\"u\" "
-                    "sparkle:version=\"0.3\"/></item>")
-            << "0.3"
-            << ""
-            << "";
-        QTest::newRow("attribute of another namespace is no version")
-            << feed("<item><enclosure url=\"u\" version=\"9.0\"/></item>") << ""
-            << ""
-            << "no release in the feed names a version";
-        QTest::newRow("no items") << feed("") << ""
-                                  << ""
-                                  << "the feed lists no release";
-        QTest::newRow("not RSS") << QByteArray("<html><body>503</body></html>") << ""
-                                 << ""
-                                 << "the feed is not an RSS feed";
-        QTest::newRow("cut off")
-            << feed("<item><enclosure url=\"u\" sparkle:version=\"1.0\"/></item>").left(120) << ""
-            << ""
-            << "the feed is not valid XML";
-        QTest::newRow("empty") << QByteArray() << ""
-                               << ""
-                               << "the feed is not";
+        const auto row = [](const char* name, const QByteArray& xml, const char* latest, const char* notes,
+                            const char* error) {
+            QTest::newRow(name) << xml << QString(latest) << QString(notes) << QString(error);
+        };
+        row("enclosure attributes, newest not first",
+            feed(
+                "<item><title>1.9</title><sparkle:releaseNotesLink>https://x/1.9</sparkle:releaseNotesLink>"
+                "<enclosure url=\"https://x/1.9.deb\" sparkle:version=\"190\" "
+                "sparkle:shortVersionString=\"1.9\"/></item>"
+                "<item><title>1.10</title><sparkle:releaseNotesLink>https://x/1.10</sparkle:releaseNotesLink>"
+                "<enclosure url=\"https://x/1.10.deb\" sparkle:version=\"1100\" "
+                "sparkle:shortVersionString=\"1.10\"/></item>"),
+            "1.10", "https://x/1.10", "");
+        row("elements, link as notes",
+            feed("<item><link>https://x/2</link><sparkle:version> 2.0 </sparkle:version></item>"), "2.0",
+            "https://x/2", "");
+        row("items without version are left out",
+            feed("<item><title>none</title></item><item><enclosure url=\"u\" "
+                 "sparkle:version=\"0.3\"/></item>"),
+            "0.3", "", "");
+        row("attribute of another namespace is no version",
+            feed("<item><enclosure url=\"u\" version=\"9.0\"/></item>"), "", "",
+            "no release in the feed names a version");
+        row("no items", feed(""), "", "", "the feed lists no release");
+        row("not RSS", "<html><body>503</body></html>", "", "", "the feed is not an RSS feed");
+        row("cut off", feed("<item><enclosure url=\"u\" sparkle:version=\"1.0\"/></item>").left(120), "", "",
+            "the feed is not valid XML");
+        row("empty", QByteArray(), "", "", "the feed is not");
     }
     void parse()
     {
