@@ -55,84 +55,55 @@ private slots:
         QCOMPARE(f.labels(), QStringList({"5 Total", "3 Included", "2 Excluded", "1 Favorite", "0 Running"}));
     }
 
-    void tabStepsTheTabbableButtons_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<bool>("back");
-        QTest::addColumn<int>("to");
-        QTest::newRow("Favorite -> Running") << 8 << false << 0;
-        QTest::newRow("Running -> Included") << 0 << false << 1;
-        QTest::newRow("Included -> Favorite") << 1 << false << 8;
-        QTest::newRow("Total -> Included") << 5 << false << 1;
-        QTest::newRow("Included <- Running") << 1 << true << 0;
-        QTest::newRow("Running <- Favorite") << 0 << true << 8;
-    }
     void tabStepsTheTabbableButtons()
     {
-        QFETCH(int, from);
-        QFETCH(bool, back);
-        QFETCH(int, to);
-        ControlsFixture f;
-        f.view->setGroupToShow(from);
-        f.press(back ? Qt::Key_Backtab : Qt::Key_Tab, back ? Qt::ShiftModifier : Qt::NoModifier);
-        QCOMPARE(f.view->groupToShow(), to);
-        QCOMPARE(f.stats->groupForSelectedButton(), to);
-        // A held Tab's repeats do not race through the groups; Ctrl+Tab is not Tab.
-        QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QString(), true);
-        QApplication::sendEvent(f.view.get(), &repeat);
-        f.press(Qt::Key_Tab, Qt::ControlModifier);
-        QCOMPARE(f.view->groupToShow(), to);
+        // Groups: 0 Running, 1 Included, 5 Total, 8 Favorite; Shift+Tab steps back.
+        const std::tuple<int, bool, int> steps[] = {{8, false, 0}, {0, false, 1}, {1, false, 8},
+                                                    {5, false, 1}, {1, true, 0},  {0, true, 8}};
+        for (const auto& [from, back, to] : steps) {
+            ControlsFixture f;
+            f.view->setGroupToShow(from);
+            f.press(back ? Qt::Key_Backtab : Qt::Key_Tab, back ? Qt::ShiftModifier : Qt::NoModifier);
+            QCOMPARE(std::pair(from, f.view->groupToShow()), std::pair(from, to));
+            QCOMPARE(f.stats->groupForSelectedButton(), to);
+            // A held Tab's repeats do not race through the groups; Ctrl+Tab is not Tab.
+            QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(f.view.get(), &repeat);
+            f.press(Qt::Key_Tab, Qt::ControlModifier);
+            QCOMPARE(std::pair(from, f.view->groupToShow()), std::pair(from, to));
+        }
     }
 
-    void theButtonLitFollowsTheGroupShown_data()
-    {
-        QTest::addColumn<int>("group");
-        QTest::addColumn<int>("button");
-        QTest::newRow("missing lights Excluded") << 7 << 2;
-        QTest::newRow("flat all lights Total") << 6 << 0;
-        QTest::newRow("flat favourites") << 9 << 3;
-        QTest::newRow("running") << 0 << 4;
-    }
-    void theButtonLitFollowsTheGroupShown()
-    {
-        QFETCH(int, group);
-        QFETCH(int, button);
-        ControlsFixture f;
-        f.view->setGroupToShow(group);
-        QCOMPARE(f.stats->indexOfSelectedButton(), button);
-    }
-
-    void aClickOnAButtonShowsItsGroup()
+    void theButtonLitFollowsTheGroupShownAndAClickShowsItsGroup()
     {
         ControlsFixture f;
+        // Missing apps light Excluded, the flat lists Total and Favorite.
+        for (const auto& [group, button] : {std::pair(7, 2), std::pair(6, 0), std::pair(9, 3)}) {
+            f.view->setGroupToShow(group);
+            QCOMPARE(std::pair(group, f.stats->indexOfSelectedButton()), std::pair(group, button));
+        }
         QVERIFY(QTest::qWaitForWindowExposed(&f.panel));
         QTest::mouseClick(f.stats, Qt::LeftButton, {}, f.stats->buttonRect(4).center());
         QCOMPARE(f.view->groupToShow(), 0);
         QCOMPARE(f.stats->indexOfSelectedButton(), 4);
     }
 
-    void labelsShortenWithTheWidth_data()
-    {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<int>("size");
-        QTest::addColumn<QString>("total");
-        QTest::newRow("wide") << 900 << int(HVStatsControl::LongLabels) << "5 Total";
-        QTest::newRow("narrow") << 300 << int(HVStatsControl::ShortLabels) << "5 T";
-        QTest::newRow("tight") << 200 << int(HVStatsControl::TinyLabels) << "T";
-        QTest::newRow("narrower than tiny") << 40 << int(HVStatsControl::TinyLabels) << "T";
-    }
     void labelsShortenWithTheWidth()
     {
-        QFETCH(int, width);
-        QFETCH(int, size);
-        QFETCH(QString, total);
-        ControlsFixture f;
-        f.panel.resize(width, 400);
-        QCOMPARE(int(f.stats->labelSize()), size);
-        QCOMPARE(f.stats->label(0), total);
-        // The buttons stay between the close and the gear button.
-        QVERIFY(f.stats->geometry().left() >= f.controls->closeButton()->geometry().right());
-        QVERIFY(f.stats->geometry().right() < f.controls->gearButton()->geometry().left() || width < 80);
+        using Size = HVStatsControl::LabelSize;
+        const std::tuple<int, Size, QString> widths[] = {{900, Size::LongLabels, "5 Total"},
+                                                         {300, Size::ShortLabels, "5 T"},
+                                                         {200, Size::TinyLabels, "T"},
+                                                         {40, Size::TinyLabels, "T"}}; // narrower than tiny
+        for (const auto& [width, size, total] : widths) {
+            ControlsFixture f;
+            f.panel.resize(width, 400);
+            QCOMPARE(std::pair(width, f.stats->labelSize()), std::pair(width, size));
+            QCOMPARE(f.stats->label(0), total);
+            // The buttons stay between the close and the gear button.
+            QVERIFY(f.stats->geometry().left() >= f.controls->closeButton()->geometry().right());
+            QVERIFY(f.stats->geometry().right() < f.controls->gearButton()->geometry().left() || width < 80);
+        }
     }
 
     void aDragHeldOverAButtonSwitchesTheGroup()
@@ -158,27 +129,23 @@ private slots:
         QCOMPARE(f.view->groupToShow(), 0);
     }
 
-    void buttonInkFollowsThePanelColour_data()
-    {
-        QTest::addColumn<double>("alpha");
-        QTest::addColumn<QColor>("color");
-        QTest::addColumn<bool>("black");
-        QTest::newRow("light 0.74") << 0.85 << QColor::fromHsvF(0, 0, 0.74) << true;
-        QTest::newRow("dark 0.73") << 0.85 << QColor::fromHsvF(0, 0, 0.73) << false;
-        QTest::newRow("invisible") << 0.0 << QColor(Qt::black) << true;
-        QTest::newRow("alpha out of range") << 7.0 << QColor(Qt::black) << false;
-    }
     void buttonInkFollowsThePanelColour()
     {
-        QFETCH(double, alpha);
-        QFETCH(QColor, color);
-        QFETCH(bool, black);
-        ControlsFixture f;
-        f.defaults->setDouble(alpha, "windowAlpha");
-        f.defaults->setObject(color, "windowColor");
-        QCOMPARE(f.controls->closeButton()->isBlack(), black);
-        QCOMPARE(f.controls->gearButton()->isBlack(), black);
-        QVERIFY(!f.panel.grab().isNull());
+        // Black ink on a light panel, from a value of 0.74 up, and on one that cannot be seen.
+        const std::tuple<double, QColor, bool> panels[] = {
+            {0.85, QColor::fromHsvF(0, 0, 0.74), true},
+            {0.85, QColor::fromHsvF(0, 0, 0.73), false},
+            {0.0, QColor(Qt::black), true},
+            {7.0, QColor(Qt::black), false}}; // alpha out of range
+        for (const auto& [alpha, color, black] : panels) {
+            ControlsFixture f;
+            f.defaults->setDouble(alpha, "windowAlpha");
+            f.defaults->setObject(color, "windowColor");
+            const QString panel = QString("alpha %1, %2").arg(alpha).arg(color.name());
+            QVERIFY2(f.controls->closeButton()->isBlack() == black, qPrintable(panel));
+            QVERIFY2(f.controls->gearButton()->isBlack() == black, qPrintable(panel));
+            QVERIFY(!f.panel.grab().isNull());
+        }
     }
 };
 
