@@ -26,23 +26,17 @@ private slots:
         HVAppManager manager(&defaults);
         HVWindow window(new HVIconView(&manager, &defaults), &defaults);
 
-        struct Case
-        {
-            bool followPointer;
-            QPoint pointer;
-            QRect expected;
-        };
-        const Case cases[] = {{true, right.center(), right},
-                              {true, left.topLeft() + QPoint(5, 5), left},
-                              {true, right.bottomRight() - QPoint(5, 5), right},
-                              {false, right.center(), left}};
-        for (const Case& c : cases) {
-            defaults.setBool(c.followPointer, "openOnPointerScreen");
-            QCursor::setPos(c.pointer);
+        const std::tuple<bool, QPoint, QRect> cases[] = {{true, right.center(), right},
+                                                         {true, left.topLeft() + QPoint(5, 5), left},
+                                                         {true, right.bottomRight() - QPoint(5, 5), right},
+                                                         {false, right.center(), left}};
+        for (const auto& [followPointer, pointer, expected] : cases) {
+            defaults.setBool(followPointer, "openOnPointerScreen");
+            QCursor::setPos(pointer);
             window.showPanel();
-            QVERIFY2(c.expected.contains(window.geometry()),
-                     qPrintable(QString("pointer at %1,%2").arg(c.pointer.x()).arg(c.pointer.y())));
-            QVERIFY(window.availableGeometry() == QRectF(c.expected));
+            QVERIFY2(expected.contains(window.geometry()),
+                     qPrintable(QString("pointer at %1,%2").arg(pointer.x()).arg(pointer.y())));
+            QVERIFY(window.availableGeometry() == QRectF(expected));
             window.hidePanel();
             QTRY_VERIFY(!window.isVisible());
         }
