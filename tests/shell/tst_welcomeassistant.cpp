@@ -56,16 +56,12 @@ private slots:
         // Done once, it starts over; a step left midway, or out of range, is taken up clamped.
         QCOMPARE(open()->currentStep(), 1);
         HVWelcomeAssistant::closeWindow();
-        const struct
-        {
-            int stored;
-            bool done;
-            int shown;
-        } cases[] = {{3, true, 3}, {3, false, 3}, {999, false, last}, {999, true, 1}, {-4, true, 1}};
-        for (const auto& c : cases) {
-            defaults->setInteger(c.stored, "lastShownWelcomeStep");
-            defaults->setBool(!c.done, "showWelcomeWindow");
-            QCOMPARE(open()->currentStep(), c.shown);
+        const std::tuple<int, bool, int> cases[] = {
+            {3, true, 3}, {3, false, 3}, {999, false, last}, {999, true, 1}, {-4, true, 1}};
+        for (const auto& [stored, done, shown] : cases) {
+            defaults->setInteger(stored, "lastShownWelcomeStep");
+            defaults->setBool(!done, "showWelcomeWindow");
+            QCOMPARE(std::tuple(stored, done, open()->currentStep()), std::tuple(stored, done, shown));
             QTRY_VERIFY(HVWelcomeAssistant::isWindowVisible());
             HVWelcomeAssistant::closeWindow();
             QTRY_VERIFY(!HVWelcomeAssistant::isWindowVisible());
