@@ -165,11 +165,7 @@ private slots:
     void pointsMapToCellsGapsAndMargins()
     {
         const HVIconLayout layout = threeAndFive();
-        const struct
-        {
-            QPointF point;
-            Coords expected;
-        } hits[] = {
+        const std::pair<QPointF, Coords> hits[] = {
             // Top and left edges belong to a cell, bottom and right ones to the next.
             {{12, 12}, {.row = 0, .col = 0, .bunch = 0}},
             {{79.9, 79.9}, {.row = 0, .col = 0, .bunch = 0}},
@@ -183,9 +179,8 @@ private slots:
             {{262, 100}, {}},
             {{-0.5, 100}, {}},
         };
-        for (const auto& hit : hits)
-            QCOMPARE(std::pair(hit.point, layout.coordsOfPoint(hit.point)),
-                     std::pair(hit.point, hit.expected));
+        for (const auto& [point, expected] : hits)
+            QCOMPARE(std::pair(point, layout.coordsOfPoint(point)), std::pair(point, expected));
         QVERIFY(!layout.lookupTable().at(2, 2).filled);
         // A flat list is one bunch: its margins still report the bunch.
         const HVIconLayout flat = tenApps({524, 524});
