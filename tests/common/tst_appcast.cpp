@@ -17,32 +17,24 @@ class TestAppcast : public QObject
 {
     Q_OBJECT
 private slots:
-    void compareVersions_data()
-    {
-        QTest::addColumn<QString>("a");
-        QTest::addColumn<QString>("b");
-        QTest::addColumn<int>("expected");
-        const auto row = [](const char* name, const char* a, const char* b, int expected) {
-            QTest::newRow(name) << QString(a) << QString(b) << expected;
-        };
-        row("numbers, not text", "1.10", "1.9", 1);
-        row("same", "0.1.0", "0.1.0", 0);
-        row("trailing zero", "1.0", "1.0.0", 0);
-        row("further number", "1.0", "1.0.1", -1);
-        row("beta before release", "1.0b1", "1.0", -1);
-        row("betas in order", "1.0b2", "1.0b10", -1);
-        row("patch after beta", "1.0.1", "1.0b", 1);
-        row("leading zeros", "1.010", "1.9", 1);
-        row("longer than 64 bits", "1.99999999999999999999", "1.99999999999999999998", 1);
-        row("major wins", "2.0", "1.99.99", 1);
-    }
     void compareVersions()
     {
-        QFETCH(QString, a);
-        QFETCH(QString, b);
-        QFETCH(int, expected);
-        QCOMPARE(Appcast::compareVersions(a, b), expected);
-        QCOMPARE(Appcast::compareVersions(b, a), -expected);
+        const std::tuple<QString, QString, int> pairs[] = {
+            {"1.10", "1.9", 1},                                      // numbers, not text
+            {"0.1.0", "0.1.0", 0},                                   // same
+            {"1.0", "1.0.0", 0},                                     // trailing zero
+            {"1.0", "1.0.1", -1},                                    // a further number
+            {"1.0b1", "1.0", -1},                                    // beta before release
+            {"1.0b2", "1.0b10", -1},                                 // betas in order
+            {"1.0.1", "1.0b", 1},                                    // patch after beta
+            {"1.010", "1.9", 1},                                     // leading zeros
+            {"1.99999999999999999999", "1.99999999999999999998", 1}, // longer than 64 bits
+            {"2.0", "1.99.99", 1},                                   // major wins
+        };
+        for (const auto& [a, b, expected] : pairs) {
+            QCOMPARE(std::tuple(a, b, Appcast::compareVersions(a, b)), std::tuple(a, b, expected));
+            QCOMPARE(std::tuple(b, a, Appcast::compareVersions(b, a)), std::tuple(b, a, -expected));
+        }
     }
 
     void parse_data()
