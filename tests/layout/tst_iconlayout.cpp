@@ -71,7 +71,7 @@ private slots:
         QCOMPARE(running(10, 300), std::pair(3, 4)); // 276 points across: 5 columns of 68 overflow
     }
 
-    void iconsShrinkOnePointAtATimeUntilTheGridFits()
+    void iconsShrinkOnePointAtATimeUntilTheGridFitsItsView()
     {
         // 4 rows of cells plus margins within 200 points: cells of 44, icons of 40.
         const HVIconLayout layout = tenApps({200, 200});
@@ -83,6 +83,14 @@ private slots:
         QCOMPARE(spaced.iconWidth(), 37);
         QCOMPARE(spaced.viewSize(), QSizeF(153, 197));
         QCOMPARE(spaced.rectOfCellForRow(3, 2), QRectF(100, 144, 41, 41));
+        // The sizes the shrinking weighs: cells for a view and a view for cells, bunch gaps included.
+        const HVIconLayout bunched = threeAndFive({.iconSpacing = 3});
+        const QSizeF view = bunched.viewSizeForCellSize(QSizeF(50, 50), 3, 3);
+        QCOMPARE(view, QSizeF(3 * 50 + 24 + 3 + 25, 3 * 50 + 24 + 6));
+        QCOMPARE(bunched.cellSizeForViewSize(view, 3, 3), QSizeF(50, 50));
+        QCOMPARE(bunched.cellSizeForViewSize(view, 0, 3), QSizeF(0, 0));
+        QCOMPARE(bunched.viewSizeForCellSize(QSizeF(0, 50), 3, 3), QSizeF(0, 0));
+        QCOMPARE(bunched.bunchSpacingForCellWidth(67), 33);
     }
 
     void bunchesSideBySide()
@@ -162,7 +170,7 @@ private slots:
         QVERIFY(high.clamped() == (HVIconLayoutPreferences{.iconPadding = 8, .iconSpacing = 8}));
     }
 
-    void pointsMapToCellsGapsAndMargins()
+    void pointsMapToCellsGapsAndMarginsAndAppsBackToCells()
     {
         const HVIconLayout layout = threeAndFive();
         const std::pair<QPointF, Coords> hits[] = {
@@ -186,28 +194,13 @@ private slots:
         const HVIconLayout flat = tenApps({524, 524});
         QCOMPARE(flat.coordsOfPoint(QPointF(100, 290)), (Coords{.bunch = 0, .margin = 2}));
         QCOMPARE(flat.bunchSpacingRects(), (QList<QRectF>{QRectF(), QRectF()}));
-    }
-
-    void appsAndCoordsLeadBackToCells()
-    {
-        const HVIconLayout layout = threeAndFive();
-        const Coords coords = layout.coordsOfApp(1, 4);
-        QCOMPARE(coords, (Coords{.row = 2, .col = 1, .bunch = 1}));
-        QCOMPARE(layout.rectOfCoords(coords), QRectF(114, 148, 68, 68));
+        // And back: an app to its cell and rectangle.
+        const Coords fifth = layout.coordsOfApp(1, 4);
+        QCOMPARE(fifth, (Coords{.row = 2, .col = 1, .bunch = 1}));
+        QCOMPARE(layout.rectOfCoords(fifth), QRectF(114, 148, 68, 68));
         QVERIFY(layout.coordsOfApp(1, 5).isEmpty());
         QVERIFY(layout.rectOfCoords(Coords()).isNull());
         QVERIFY(layout.rectOfCellForRow(3, 0).isNull());
-    }
-
-    void cellSizeAndViewSizeInvertEachOther()
-    {
-        const HVIconLayout layout = threeAndFive({.iconSpacing = 3});
-        const QSizeF view = layout.viewSizeForCellSize(QSizeF(50, 50), 3, 3);
-        QCOMPARE(view, QSizeF(3 * 50 + 24 + 3 + 25, 3 * 50 + 24 + 6));
-        QCOMPARE(layout.cellSizeForViewSize(view, 3, 3), QSizeF(50, 50));
-        QCOMPARE(layout.cellSizeForViewSize(view, 0, 3), QSizeF(0, 0));
-        QCOMPARE(layout.viewSizeForCellSize(QSizeF(0, 50), 3, 3), QSizeF(0, 0));
-        QCOMPARE(layout.bunchSpacingForCellWidth(67), 33);
     }
 };
 
