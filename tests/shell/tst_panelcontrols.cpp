@@ -24,11 +24,6 @@ public:
         panel.show();
     }
     ~ControlsFixture() { view.release()->setParent(nullptr); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers);
-        QApplication::sendEvent(view.get(), &event);
-    }
     QStringList labels() const
     {
         QStringList all;
@@ -63,13 +58,12 @@ private slots:
         for (const auto& [from, back, to] : steps) {
             ControlsFixture f;
             f.view->setGroupToShow(from);
-            f.press(back ? Qt::Key_Backtab : Qt::Key_Tab, back ? Qt::ShiftModifier : Qt::NoModifier);
+            f.key(back ? Qt::Key_Backtab : Qt::Key_Tab, {}, back ? Qt::ShiftModifier : Qt::NoModifier);
             QCOMPARE(std::pair(from, f.view->groupToShow()), std::pair(from, to));
             QCOMPARE(f.stats->groupForSelectedButton(), to);
             // A held Tab's repeats do not race through the groups; Ctrl+Tab is not Tab.
-            QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QString(), true);
-            QApplication::sendEvent(f.view.get(), &repeat);
-            f.press(Qt::Key_Tab, Qt::ControlModifier);
+            f.key(Qt::Key_Tab, {}, {}, true);
+            f.key(Qt::Key_Tab, {}, Qt::ControlModifier);
             QCOMPARE(std::pair(from, f.view->groupToShow()), std::pair(from, to));
         }
     }
