@@ -6,6 +6,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QString>
+#include <QVariantList>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace EntryTree {
 // "[Desktop Entry]" with Type=Application, the name, Exec=sh and the extra lines.
@@ -23,6 +27,17 @@ inline QString write(const QString& path, const QByteArray& contents)
     return path;
 }
 
+// For a name that need not be UTF-8, which QFile cannot give a file.
+inline bool writeNamedBytes(const QByteArray& name, const QByteArray& contents)
+{
+    const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    const bool written =
+        fd >= 0 && ::write(fd, contents.constData(), size_t(contents.size())) == contents.size();
+    if (fd >= 0)
+        ::close(fd);
+    return written;
+}
+
 inline QString app(const QString& path, const QByteArray& extra = QByteArray())
 {
     return write(path, entry(QFileInfo(path).completeBaseName().toUtf8(), extra));
@@ -33,5 +48,14 @@ inline QString link(const QString& target, const QString& path)
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile::link(target, path);
     return path;
+}
+
+// The scan folders as the "searchDirectories" preference holds them.
+inline QVariantList folderList(const QStringList& paths)
+{
+    QVariantList list;
+    for (const QString& path : paths)
+        list.append(QVariantMap{{"path", path}});
+    return list;
 }
 } // namespace EntryTree

@@ -15,8 +15,6 @@
 
 #include <QtTest>
 
-#include <sys/stat.h>
-
 class TestScanAgainstGio : public QObject
 {
     Q_OBJECT
@@ -38,25 +36,14 @@ class TestScanAgainstGio : public QObject
     {
         const QByteArray name =
             "App " + QByteArray::number(i) + " " + QFileInfo(path).path().right(12).toUtf8();
+        // Kinds 0 to 8: a plain entry, or one with a rule for whether it shows.
+        static const char* const showRules[] = {
+            "Comment=plain\n",       "NoDisplay=true\n",  "Hidden=true\n",
+            "OnlyShowIn=GNOME;\n",   "OnlyShowIn=KDE;\n", "NotShowIn=GNOME;\n",
+            "NotShowIn=KDE;XFCE;\n", "TryExec=sh\n",      "TryExec=/nonexistent/nimbo-test-program\n"};
+        if (kind < int(std::size(showRules)))
+            return put(path, EntryTree::entry(name, showRules[kind]));
         switch (kind) {
-        case 0:
-            return put(path, EntryTree::entry(name));
-        case 1:
-            return put(path, EntryTree::entry(name, "NoDisplay=true\n"));
-        case 2:
-            return put(path, EntryTree::entry(name, "Hidden=true\n"));
-        case 3:
-            return put(path, EntryTree::entry(name, "OnlyShowIn=GNOME;\n"));
-        case 4:
-            return put(path, EntryTree::entry(name, "OnlyShowIn=KDE;\n"));
-        case 5:
-            return put(path, EntryTree::entry(name, "NotShowIn=GNOME;\n"));
-        case 6:
-            return put(path, EntryTree::entry(name, "NotShowIn=KDE;XFCE;\n"));
-        case 7:
-            return put(path, EntryTree::entry(name, "TryExec=sh\n"));
-        case 8:
-            return put(path, EntryTree::entry(name, "TryExec=/nonexistent/nimbo-test-program\n"));
         case 9:
             return put(path, "[Desktop Entry]\nType=Application\nName=" + name +
                                  "\nExec=nimbo-missing-program %U\n");
@@ -130,9 +117,9 @@ class TestScanAgainstGio : public QObject
             EntryTree::link(".", base + "loopy/up");
             QDir().mkpath(m_env->root() + "/emptydir");
             EntryTree::link(m_env->root() + "/emptydir", base + "dirlink.desktop");
-            put(QFile::decodeName(QFile::encodeName(base) + "bad\xff"
-                                                            "name.desktop"),
-                EntryTree::entry("Bad"));
+            QVERIFY(EntryTree::writeNamedBytes(QFile::encodeName(base) + "bad\xffname.desktop",
+                                               EntryTree::entry("Bad")));
+            ++m_entryCount;
         }
         // A hand-made masking ladder across the folders.
         EntryTree::app(folder(0) + "/ladder-a.desktop");
@@ -149,7 +136,7 @@ class TestScanAgainstGio : public QObject
     // Where the scan deliberately differs from GIO's own walk.
     bool scanLeavesAlone(const QString& path) const
     {
-        if (QFile::encodeName(path) != QFile::encodeName(QFile::decodeName(QFile::encodeName(path))))
+        if (path.contains(QChar::ReplacementCharacter)) // the name is not UTF-8
             return true;
         for (const QString& base : m_folders) {
             if (!path.startsWith(base + "/"))
@@ -216,7 +203,6 @@ private slots:
             catalogue += HVAppManager::pathsFromApps(bunch);
         QCOMPARE(HVAppManager::pathsFromApps(manager.excludedApps1D()), QStringList{excluded->path()});
         catalogue.sort();
-        QCOMPARE(catalogue.removeDuplicates(), 0);
 
         QStringList everything;
         const QStringList gio = gioShownEntries(&everything);
@@ -230,7 +216,6 @@ private slots:
         }
         QVERIFY2(expected.size() > 400, qPrintable(QString::number(expected.size())));
         QVERIFY(leftAlone > 40); // GIO did walk into the loop, the links, the hidden folders
-        QCOMPARE(catalogue.size(), expected.size());
         QCOMPARE(catalogue, expected);
 
         // The ladder: the first folder that holds an ID keeps it, even when that entry does
