@@ -1,7 +1,8 @@
-// Bad input under the scan folders: looping and dangling links, pipes and devices named like
-// entries, garbage and invalid UTF-8, a sparse 1 GB "entry", 1 MB entries, a folder of
-// 100,000 entries, unreadable folders and entries that vanish while the scan runs. The scan
-// ends, finds exactly the real applications and reads nothing it should not.
+// Bad input under the scan folders: links that loop, pipes and devices named like entries,
+// an application name that is not UTF-8, a sparse 1 GB "entry", a folder of 100,000 entries,
+// unreadable folders and entries that vanish while the scan runs. The scan ends, finds exactly
+// the real applications and reads nothing it should not. Garbage, 1 MB entries, dangling links
+// and file names that are not UTF-8 are in the hostile tree the catalogue is compared with GIO on.
 #include "entrytree.h"
 #include "support/testenvironment.h"
 
@@ -12,7 +13,6 @@
 #include <QDirIterator>
 #include <QtTest>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -48,14 +48,6 @@ private:
     QString m_root;
 };
 
-QVariantList folderList(const QStringList& paths)
-{
-    QVariantList list;
-    for (const QString& path : paths)
-        list.append(QVariantMap{{"path", path}});
-    return list;
-}
-
 QStringList sortedPaths(const HVAppBunch& apps)
 {
     QStringList paths = HVAppManager::pathsFromApps(apps);
@@ -77,11 +69,9 @@ private slots:
         const QString apps = env.dataHome() + "/applications";
         QStringList expected{EntryTree::app(apps + "/good.desktop"),
                              EntryTree::app(apps + "/sub/inner.desktop")};
-        EntryTree::link(".", apps + "/self");
         EntryTree::link("..", apps + "/sub/up");
         EntryTree::link(apps + "/b.desktop", apps + "/a.desktop");
         EntryTree::link(apps + "/a.desktop", apps + "/b.desktop");
-        EntryTree::link(env.root() + "/nowhere.desktop", apps + "/dangling.desktop");
         QCOMPARE(::mkfifo(QFile::encodeName(apps + "/pipe.desktop").constData(), 0644), 0);
         EntryTree::link("/dev/zero", apps + "/zero.desktop");
         EntryTree::link("/dev/null", apps + "/null.desktop");
@@ -89,30 +79,13 @@ private slots:
         QVERIFY(huge.open(QIODevice::WriteOnly) && huge.write(EntryTree::entry("Huge")) > 0 &&
                 huge.resize(qint64(1) << 30));
         huge.close();
-        expected << EntryTree::app(apps + "/onemb.desktop", "Comment=" + QByteArray(1 << 20, 'y') + "\n");
-        QByteArray garbage(4096, '\0');
-        for (int i = 0; i < garbage.size(); ++i)
-            garbage[i] = char(i * 37 + 11);
-        EntryTree::write(apps + "/garbage.desktop", garbage);
-        EntryTree::write(apps + "/binaryhead.desktop", "\x7f"
-                                                       "ELF\x02\x01\x01" +
-                                                           garbage);
         expected << EntryTree::write(apps + "/badname.desktop", EntryTree::entry("\xff\xfe\xfd"));
-        {
-            // A file name that is not valid UTF-8 cannot be named again once read: skipped.
-            const QByteArray name = QFile::encodeName(apps) + "/bad\xff.desktop";
-            const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-            QVERIFY(fd >= 0);
-            const QByteArray entry = EntryTree::entry("X");
-            QCOMPARE(::write(fd, entry.constData(), size_t(entry.size())), ssize_t(entry.size()));
-            ::close(fd);
-        }
         EntryTree::app(apps + "/locked/in.desktop");
         QFile::setPermissions(apps + "/locked", QFileDevice::Permissions());
         if (::geteuid() == 0) // the superuser reads every folder
             expected << apps + "/locked/in.desktop";
         EntryTree::write(env.root() + "/plainfile", "x");
-        defaults.setObject(folderList({apps, env.root() + "/plainfile", env.root() + "/absent"}),
+        defaults.setObject(EntryTree::folderList({apps, env.root() + "/plainfile", env.root() + "/absent"}),
                            "searchDirectories");
 
         manager.scanSearchFoldersForAllApps();
@@ -147,17 +120,11 @@ private slots:
         QVERIFY(QDir().mkpath(apps));
         QStringList expected;
         for (int i = 0; i < 100000; ++i) {
-            QString name = QString("n%1").arg(i);
             if (i % 1000 == 0)
                 expected << EntryTree::app(apps + QString("/app%1.desktop").arg(i));
-            else {
-                if (i % 100 == 0)
-                    name = QString("empty%1.desktop").arg(i); // an entry file that says nothing
-                const int fd =
-                    ::open(QFile::encodeName(apps + "/" + name).constData(), O_CREAT | O_WRONLY, 0644);
-                QVERIFY(fd >= 0);
-                ::close(fd);
-            }
+            else // empty files, one in a hundred an entry file that says nothing
+                QVERIFY(EntryTree::writeNamedBytes(
+                    QFile::encodeName(apps + QString(i % 100 ? "/n%1" : "/empty%1.desktop").arg(i)), {}));
         }
         manager.scanSearchFoldersForAllApps();
         expected.sort();
