@@ -2,8 +2,6 @@
 // bunches, new favourites, and both files written after every move that changes something.
 #include "support/catalogueharness.h"
 
-#include "catalogue/listfilestore.h"
-
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -23,26 +21,20 @@ class TestMoves : public QObject
         return paths;
     }
 
-    void arrange(CatalogueHarness& h, const Bunches& bunches, const QStringList& flat)
+    // The favourites' file as it holds these bunches.
+    static QVariantList userFile(const Bunches& bunches)
     {
         QVariantList arrays;
         for (const QStringList& bunch : bunches)
             arrays.append(QVariant(pathList(bunch)));
-        h.writeUserFile(HVListFileNames::UserApplications, arrays);
-        h.writeUserFile(HVListFileNames::UserApplications1D, pathList(flat));
-        h.manager().readUserAppsFromDisk();
+        return arrays;
     }
 
-    Bunches bunchesOnDisk(CatalogueHarness& h)
+    void arrange(CatalogueHarness& h, const Bunches& bunches, const QStringList& flat)
     {
-        Bunches bunches;
-        for (const QVariant& bunch : h.readUserFile(HVListFileNames::UserApplications)) {
-            QStringList names;
-            for (const QString& p : bunch.toStringList())
-                names.append(p.section('/', -1).section('.', 0, 0));
-            bunches.append(names);
-        }
-        return bunches;
+        h.writeUserFile(HVListFileNames::UserApplications, userFile(bunches));
+        h.writeUserFile(HVListFileNames::UserApplications1D, pathList(flat));
+        h.manager().readUserAppsFromDisk();
     }
 
 private slots:
@@ -59,7 +51,8 @@ private slots:
         QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"E", "B", "D", "C", "F", "A"}}));
         // The flat list keeps its own order through all of this.
         QCOMPARE(h.names(h.manager().userApps1D()), (QStringList{"A", "B", "C", "D", "E", "F"}));
-        QCOMPARE(bunchesOnDisk(h), h.names(h.manager().userApps()));
+        QCOMPARE(h.readUserFile(HVListFileNames::UserApplications),
+                 userFile(h.names(h.manager().userApps())));
     }
 
     void movingTheOnlyMemberOfABunchDeletesTheBunch()
@@ -76,7 +69,7 @@ private slots:
         // A bunch number past the last bunch makes a new bunch at the end.
         h.manager().moveApp(h.app(path("A")), HVAppGroupUser, 9, 0);
         QCOMPARE(h.names(h.manager().userApps()), (Bunches{{"B"}, {"A"}}));
-        QCOMPARE(bunchesOnDisk(h), (Bunches{{"B"}, {"A"}}));
+        QCOMPARE(h.readUserFile(HVListFileNames::UserApplications), userFile({{"B"}, {"A"}}));
     }
 
     void newFavouritesJoinBothLists()
