@@ -77,13 +77,14 @@ public:
                                "[Desktop Entry]\nType=Application\n" + name + lines);
     }
 
-    // Where the recorder program writes the arguments it was launched with.
+    // Where the recorder program writes the arguments it was launched with, and those arguments
+    // once it has written them.
     QString recordFile(const QString& name) const { return m_env.root() + QStringLiteral("/argv-") + name; }
     static QList<QByteArray> recordedArguments(const QString& file)
     {
         QFile f(file);
-        if (!f.open(QIODevice::ReadOnly))
-            return {};
+        if (!QTest::qWaitFor([&f] { return f.exists(); }, 10000) || !f.open(QIODevice::ReadOnly))
+            return {QByteArrayLiteral("(nothing recorded)")};
         QList<QByteArray> arguments = f.readAll().split('\0');
         arguments.removeLast(); // each argument ends with a NUL
         return arguments;
