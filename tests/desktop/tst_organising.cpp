@@ -16,7 +16,6 @@
 #include <QJsonObject>
 #include <QMenu>
 #include <QMessageBox>
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <functional>
@@ -150,8 +149,6 @@ private slots:
             {HVAppGroupUser, "eyes", QStringList{"Move to New Group", "Remove Favorite"} + reveal},
             {HVAppGroupExcluded, "term",
              QStringList{"Include"} + favour + reveal + QStringList{"-", "New Window"}},
-            {HVAppGroupAll1D, "term",
-             QStringList{"Include"} + favour + reveal + QStringList{"-", "New Window"}},
         };
         for (const auto& c : cases) {
             view()->setGroupToShow(c.group);
@@ -164,15 +161,11 @@ private slots:
                  QStringList({"Exclude", "-", "Add Favorite", "Add Favorite in New Group", "-",
                               "Show in File Manager"}));
         defaults->removeObjectForKey("appRemoverName");
-        QPointF empty;
-        for (int row = 0; row < view()->iconLayout().rowCount() && empty.isNull(); ++row) {
-            for (int col = 0; col < view()->iconLayout().colCount() && empty.isNull(); ++col) {
-                if (!view()->appAtCell(row, col))
-                    empty = view()->iconLayout().rectOfCellForRow(row, col).center();
-            }
-        }
-        QVERIFY(!empty.isNull());
-        QCOMPARE(rightClick(empty), QStringList{"Hide Group"});
+        const Coords empty = view()->coordsOfPoint(pointWhere(
+            [this](const Coords& c) { return c.hasCell() && !view()->appAtCell(int(c.row), int(c.col)); }));
+        QVERIFY(empty.hasCell());
+        QCOMPARE(rightClick(view()->iconLayout().rectOfCellForRow(int(empty.row), int(empty.col)).center()),
+                 QStringList{"Hide Group"});
         // Control with the right button opens the same menu.
         view()->setGroupToShow(HVAppGroupUser);
         QCOMPARE(rightClick(app("eyes"), nullptr, "ctrl"),
@@ -185,8 +178,7 @@ private slots:
         QTRY_VERIFY(controller->mainWindowIsVisible());
         view()->setGroupToShow(HVAppGroupIncluded);
         choose(app("clock"), "Add Favorite in New Group");
-        QCOMPARE(manager()->userApps().size(), 2);
-        QCOMPARE(manager()->userApps().at(1).first(), app("clock"));
+        QCOMPARE(manager()->userApps(), HVAppBunches({{app("eyes")}, {app("clock")}}));
 
         // Excluding from the included group: the icon leaves, in a puff.
         choose(app("clock"), "Exclude");
@@ -219,8 +211,6 @@ private slots:
         showRunning();
         choose(app("xlogo"), "Hide");
         QTRY_VERIFY(!app("xlogo")->isVisible());
-        showRunning();
-        QCOMPARE(rightClick(app("xlogo")).mid(6), QStringList({"-", "Show", "Quit"}));
         showRunning();
         choose(app("xlogo"), "Show");
         QTRY_VERIFY(app("xlogo")->isVisible());
@@ -272,8 +262,6 @@ private slots:
         QCOMPARE(alerts.count(), 2);
         QCOMPARE(alerts.at(0).at(0).toString(),
                  QStringLiteral("Cannot locate the app remover called \"Software\"."));
-        QCOMPARE(alerts.at(0).at(1).toString(),
-                 QStringLiteral("Please open Nimbo's preferences and choose a different app remover."));
         QCOMPARE(alerts.at(1).at(0).toString(),
                  QStringLiteral("Sending \"Eyes\" to the app remover \"Software\" was not successful."));
     }
