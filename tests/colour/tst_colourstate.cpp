@@ -1,5 +1,6 @@
 // An application record's colour state: every branch of the colour sort value, the layout of
-// the display list, re-analysis versus re-pick when parameters change, and the diagnostic images.
+// the display list, re-analysis versus re-pick when parameters change, and the spectrum drawn in
+// place of the icon.
 #include "colourtesthelpers.h"
 
 #include "colour/colorconversions.h"
@@ -54,16 +55,14 @@ private slots:
                             double value) { QTest::newRow(tag) << colours << params << value; };
         // Coloured icons by their primary's hue, turned by the wrap hue. The primary is the
         // strongest coloured colour; on equal weights the earlier one.
-        row("hue", {colour(10.0, 0.8, 0.5, 100)}, {}, 10.0 / 360.0);
         row("wrapped", {colour(10.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 10.0 / 360.0 - 30.0 / 360.0 + 1.0);
         row("at the wrap", {colour(30.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 0.0);
         row("strongest", {colour(10.0, 0.2, 0.5, 100), colour(200.0, 0.9, 0.5, 100)}, {}, 200.0 / 360.0);
         row("earlier", {colour(40.0, 0.5, 0.5, 100), colour(80.0, 0.5, 0.5, 100)}, {}, 40.0 / 360.0);
-        // Grey icons by lightness. A black colour sorts last among the greys. (An icon of black
-        // alone never yields one: its weightless colour ranks behind the empty hue bins.)
-        row("white", {colour(0.0, 0.0, 1.0, 100)}, {}, 1.0);
+        // Grey icons by lightness, white at 1 however light. A black colour sorts last among the
+        // greys. (An icon of black alone never yields one: its weightless colour ranks behind the
+        // empty hue bins.)
         row("white as analysed", {colour(271.0, 0.0001, 1.02, 100)}, {}, 1.0);
-        row("black", {colour(0.0, 0.0, 0.0, 100)}, {}, 1.5);
         row("below black", {colour(0.0, 0.0, -0.1, 100)}, {}, 1.5);
         row("dark grey", {colour(0.0, 0.0, 0.4, 100)}, {}, 1.3);
         // Coloured pixels exactly 5 % of all, threshold 0.05: not coloured (the test is strict).
@@ -94,16 +93,27 @@ private slots:
 
     void nothingToSortBy()
     {
-        HVColourState none;
-        QCOMPARE_EXACT(none.colorSortValue(), 10.0);
-        QCOMPARE(none.hclColorCount(), quint64(6));
-
-        QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Test");
+        QCOMPARE_EXACT(HVColourState().colorSortValue(), 10.0);
+        QCOMPARE(HVColourState().hclColorCount(), quint64(6));
         QCOMPARE_EXACT(picked({}).colorSortValue(), 10.0);
-        QTest::ignoreMessage(QtWarningMsg, "Zero pixel quantity for app: Test");
-        const HVColourState zero = picked({colour(10.0, 0.5, 0.5, 0)});
+        const HVColourState zero = picked({colour(10.0, 0.5, 0.5, 0)}); // colours of no pixels
         QCOMPARE_EXACT(zero.colorSortValue(), 10.0);
         QVERIFY(zero.sortedColors().isEmpty());
+
+        // A clear icon: the analysis fails, and is made again next time.
+        HVColourState state;
+        IconParameters p;
+        QVERIFY(state.setColorSortParameters(p, filledBitmap(3, 3, 0, 0, 0, 0), "Clear").analyse);
+        QVERIFY(!state.hclColors());
+        QCOMPARE_EXACT(state.colorSortValue(), 10.0);
+        QVERIFY(state.setColorSortParameters(p, filledBitmap(3, 3, 0, 0, 0, 0), "Clear").analyse);
+        // Two pixels of alpha 100 count 0 pixels: an analysis that finds no colours, and is kept.
+        HVColourState faint;
+        faint.setColorSortParameters(p, filledBitmap(2, 1, 50, 0, 0, 100), "Faint");
+        QVERIFY(faint.hclColors() && faint.hclColors()->empty());
+        QCOMPARE_EXACT(faint.colorSortValue(), 10.0);
+        p.wrapHue = 10.0f;
+        QVERIFY(!faint.setColorSortParameters(p, filledBitmap(2, 1, 50, 0, 0, 100), "Faint").analyse);
     }
 
     void displayListLayouts()
@@ -113,7 +123,6 @@ private slots:
                                                  colour(0.0, 0.05, 0.3, 20)};
         // Coloured: the primary twice, the others in reverse order, the first grey last.
         QCOMPARE(counts(picked(colours).sortedColors()), (QList<quint64>{500, 500, 20, 30, 100, 2000}));
-        QCOMPARE(counts(picked({colour(10.0, 0.5, 0.5, 7)}).sortedColors()), (QList<quint64>{7, 7}));
 
         IconParameters grey{.colorFraction = 0.9f};
         // Grey by lightness: the grey twice, the others in reverse order.
@@ -129,13 +138,10 @@ private slots:
         white.setColorSortParameters({}, filledBitmap(16, 16, 255, 255, 255), "White");
         QCOMPARE(white.sortedColors().first().hexName(), QStringLiteral("#ffffff"));
         QCOMPARE_EXACT(white.colorSortValue(), 1.0);
-        QCOMPARE(picked({colour(0.0, 0.0, 0.0, 9)}).sortedColors().first().hexName(),
-                 QStringLiteral("#000000"));
         SpectrumColor red;
         red.luv = Luv_From_XYZ(XYZ_From_LinearRGB({1.0, 0.0, 0.0, 1.0}));
         red.count = 3, red.saturation = 1.79, red.luminosity = 0.53, red.hue = 12.17;
         QCOMPARE(picked({red}).sortedColors().first().hexName(), QStringLiteral("#ff0000"));
-        QTest::ignoreMessage(QtWarningMsg, "Colour list asked for colours 0 and 1 of 1");
         QCOMPARE(picked({red}).colorArrayForPrimaryIndex(0, 1, -1).size(), 0); // out of range
     }
 
@@ -151,11 +157,7 @@ private slots:
         const double blue = state.colorSortValue();
         QVERIFY(blue > 0.5 && blue < 0.75);
 
-        work = state.setColorSortParameters(p, icon, "App");
-        QVERIFY(!work.analyse && !work.pick);
-        QCOMPARE_EXACT(state.colorSortValue(), blue);
-
-        p.iconSize = 32; // stored, nothing recomputed
+        p.iconSize = 32; // stored, nothing recomputed (as when nothing changed)
         work = state.setColorSortParameters(p, icon, "App");
         QVERIFY(!work.analyse && !work.pick);
         QCOMPARE(state.colorSortParameters().iconSize, quint64(32));
@@ -164,18 +166,11 @@ private slots:
         work = state.setColorSortParameters(p, QImage(filledBitmap(1, 1, 255, 0, 0)), "App");
         QVERIFY(!work.analyse && work.pick); // the stored colours are picked again, not the new icon
         QCOMPARE_EXACT(state.colorSortValue(), blue - 0.5);
-        p.colorFraction = 0.5f;
-        QVERIFY(!state.setColorSortParameters(p, icon, "App").analyse);
-        p.sortGrayBySecColor = true;
-        QVERIFY(!state.setColorSortParameters(p, icon, "App").analyse);
 
         p.lightness = 0.5f; // a full analysis that yields the same colours
         work = state.setColorSortParameters(p, icon, "App");
         QVERIFY(work.analyse && work.pick);
         QCOMPARE_EXACT(state.colorSortValue(), blue - 0.5);
-        p.colorfulness = 0.9f;
-        QVERIFY(state.setColorSortParameters(p, icon, "App").analyse);
-        QCOMPARE_EXACT(state.colorSortParameters().colorfulness, 0.9f);
 
         // No icon: the colour data goes, whatever changed.
         state.setColorSortParameters(p, QImage(), "App");
@@ -195,68 +190,16 @@ private slots:
         QVERIFY(there.setColorSortParameters(p, icon, "App", colours).analyse);
         QCOMPARE_EXACT(there.colorSortValue(), here.colorSortValue());
         QCOMPARE(there.sortedColors(), here.sortedColors());
-        // Only an analysis that is due takes them: a new wrap hue re-sorts the colours it has.
-        const quint64 found = there.hclColorCount();
-        QVERIFY(found > 0);
-        p.wrapHue = 90.0f;
-        QVERIFY(!there.setColorSortParameters(p, icon, "App", std::vector<SpectrumColor>()).analyse);
-        QCOMPARE(there.hclColorCount(), found);
     }
 
-    void failedAndEmptyAnalyses()
+    void spectrumInPlaceOfTheIcon()
     {
-        HVColourState state;
-        IconParameters p;
-        StderrCapture quiet;
-        QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Clear");
-        QVERIFY(state.setColorSortParameters(p, filledBitmap(3, 3, 0, 0, 0, 0), "Clear").analyse);
-        QVERIFY(!state.hclColors()); // failed: analysed again next time
-        QCOMPARE_EXACT(state.colorSortValue(), 10.0);
-        QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Clear");
-        QVERIFY(state.setColorSortParameters(p, filledBitmap(3, 3, 0, 0, 0, 0), "Clear").analyse);
-        QCOMPARE(quiet.text(),
-                 QByteArray("\nzero colors specified for histogram\nzero colors specified for histogram"));
-
-        // Two pixels of alpha 100 count 0 pixels: an analysis that finds no colours.
-        HVColourState faint;
-        QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Faint");
-        faint.setColorSortParameters(p, filledBitmap(2, 1, 50, 0, 0, 100), "Faint");
-        QVERIFY(faint.hclColors() && faint.hclColors()->empty());
-        QCOMPARE_EXACT(faint.colorSortValue(), 10.0);
-        p.wrapHue = 10.0f;
-        QTest::ignoreMessage(QtWarningMsg, "No colors passed to pick & sort method for app: Faint");
-        QVERIFY(!faint.setColorSortParameters(p, filledBitmap(2, 1, 50, 0, 0, 100), "Faint").analyse);
-    }
-
-    void diagnosticImages()
-    {
-        IconParameters p{.iconSize = 100};
-        HVColourState state = picked({colour(120.0, 0.6, 0.5, 300), colour(0.0, 0.0, 0.9, 100)}, p);
-        const QList<SortedColor> list = state.sortedColors();
-        QCOMPARE(counts(list), (QList<quint64>{300, 300, 100}));
-
-        const QImage pie = state.spectrumIcon(QImage());
-        QCOMPARE(pie.size(), QSize(100, 100));
-        QCOMPARE(pie.pixelColor(50, 3).rgb(), list.at(0).color().rgb());  // the ring
-        QCOMPARE(pie.pixelColor(50, 20).rgb(), list.at(1).color().rgb()); // the first wedge, on top
-        QCOMPARE(pie.pixelColor(50, 80).rgb(), list.at(2).color().rgb()); // the rest of the pie
-        QCOMPARE(pie.pixelColor(1, 1).alpha(), 0);
-
-        const QImage bars = state.spectrumIconSquare(QImage());
-        QCOMPARE(bars.pixelColor(10, 1).rgb(), list.at(0).color().rgb()); // tallest bar: full height
-        QCOMPARE(bars.pixelColor(80, 10).rgb(), QColor(Qt::black).rgb()); // a third as tall
-        QCOMPARE(bars.pixelColor(80, 90).rgb(), list.at(2).color().rgb());
-
-        const QImage grid = state.spectrumTestIcon(QImage());
-        QCOMPARE(grid.pixelColor(0, 99).rgb(), QColor(Qt::black).rgb()); // L* 0 at the bottom
-        QVERIFY(grid.pixelColor(0, 0).lightness() > 240);                // L* 99, no chroma, on top
-
+        // Drawn at the icon size (what it looks like is seen in tst_iconviewdrawing); without a
+        // display list the icon itself.
+        const HVColourState state = picked({colour(120.0, 0.6, 0.5, 300)}, {.iconSize = 100});
+        QCOMPARE(state.spectrumIcon(QImage()).size(), QSize(100, 100));
         const QImage icon = filledBitmap(4, 4, 1, 2, 3);
-        p.iconSize = 0;
-        state.storeColorSortParameters(p);
-        QCOMPARE(state.spectrumIcon(icon), icon);
-        QCOMPARE(state.spectrumIconSquare(icon), icon);
-        QCOMPARE(HVColourState().spectrumIcon(icon), icon); // no display list
+        QCOMPARE(HVColourState().spectrumIcon(icon), icon);
     }
 };
 
