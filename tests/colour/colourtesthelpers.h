@@ -1,5 +1,5 @@
-// Helpers of the colour tests: exact comparison of doubles, small bitmaps made pixel by pixel or
-// laid out by hand, and capturing what the colour library writes to standard error.
+// Helpers of the colour tests: exact comparison of doubles, and small bitmaps made pixel by pixel
+// or laid out by hand.
 #pragma once
 
 #include "colour/hvbitmaprep.h"
@@ -7,11 +7,7 @@
 #include <QByteArray>
 #include <QColor>
 #include <QImage>
-#include <QTemporaryFile>
 #include <QtTest>
-
-#include <cstdio>
-#include <unistd.h>
 
 // Compares two doubles bit for bit, showing all 17 digits on failure.
 #define QCOMPARE_EXACT(actual, expected)                                                                     \
@@ -47,36 +43,3 @@ inline HVBitmapLayout layout(qint64 spp, qint64 bps, bool alpha, quint64 format 
     l.bitmapFormat = format, l.colorSpaceModel = model;
     return l;
 }
-
-// Collects what is written to standard error while it lives.
-class StderrCapture
-{
-public:
-    StderrCapture()
-    {
-        m_file.open();
-        std::fflush(stderr);
-        m_saved = dup(STDERR_FILENO);
-        dup2(m_file.handle(), STDERR_FILENO);
-    }
-    ~StderrCapture() { restore(); }
-    QByteArray text()
-    {
-        restore();
-        m_file.seek(0);
-        return m_file.readAll();
-    }
-
-private:
-    void restore()
-    {
-        if (m_saved < 0)
-            return;
-        std::fflush(stderr);
-        dup2(m_saved, STDERR_FILENO);
-        close(m_saved);
-        m_saved = -1;
-    }
-    QTemporaryFile m_file;
-    int m_saved = -1;
-};
