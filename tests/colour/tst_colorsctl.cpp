@@ -11,7 +11,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QStandardPaths>
 
 namespace {
 const QString Papirus = QStringLiteral("/usr/share/icons/Papirus/64x64/apps/");
@@ -22,6 +21,11 @@ struct CtlRun
     int exitCode = -1;
     QList<QJsonObject> lines;
 };
+
+QByteArray compact(const QJsonObject& object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
 
 CtlRun runColors(const QStringList& args)
 {
@@ -38,8 +42,10 @@ CtlRun runColors(const QStringList& args)
     return run;
 }
 
-// What a record holds for the icon in this file, drawn at the command's size.
-HVColourState recordFor(const QString& path, const IconParameters& params)
+// The line the command should print for this file: what a record holds for its icon drawn at the
+// command's size. Lines are compared as compact JSON, where every number is written in its
+// shortest exact form, so that they match only bit for bit.
+QByteArray lineFor(const QString& path, const IconParameters& params)
 {
     const QSize size(int(std::min<quint64>(params.iconSize, 128)),
                      int(std::min<quint64>(params.iconSize, 128)));
@@ -48,41 +54,25 @@ HVColourState recordFor(const QString& path, const IconParameters& params)
         HVImageExtras::bitmapImageRepOfSize(HVImageExtras::readImage(path, size, &error), size);
     HVColourState state;
     state.setColorSortParameters(params, icon, path);
-    return state;
+    QJsonArray colors, sorted;
+    for (quint64 i = 0; state.hclColors() && i < state.hclColorCount(); ++i) {
+        const SpectrumColor& c = state.hclColors()->at(size_t(i));
+        colors.append(QJsonObject{{"L", c.luv.c1},
+                                  {"u", c.luv.c2},
+                                  {"v", c.luv.c3},
+                                  {"hue", c.hue},
+                                  {"saturation", c.saturation},
+                                  {"luminosity", c.luminosity},
+                                  {"count", qint64(c.count)}});
+    }
+    for (const SortedColor& entry : state.sortedColors())
+        sorted.append(QJsonObject{{"color", entry.hexName()}, {"count", qint64(entry.count)}});
+    return compact({{"file", path},
+                    {"colorSortValue", state.colorSortValue()},
+                    {"colors", colors},
+                    {"sortedColors", sorted}});
 }
 
-// The printed object matches the record bit for bit.
-void verifySame(const QJsonObject& printed, const HVColourState& state)
-{
-    QCOMPARE_EXACT(printed.value("colorSortValue").toDouble(), state.colorSortValue());
-    const QJsonArray colors = printed.value("colors").toArray();
-    QCOMPARE(quint64(colors.size()), state.hclColors() ? state.hclColorCount() : 0);
-    for (qsizetype i = 0; i < colors.size(); ++i) {
-        const QJsonObject c = colors.at(i).toObject();
-        const SpectrumColor& expected = state.hclColors()->at(size_t(i));
-        QCOMPARE_EXACT(c.value("L").toDouble(), expected.luv.c1);
-        QCOMPARE_EXACT(c.value("u").toDouble(), expected.luv.c2);
-        QCOMPARE_EXACT(c.value("v").toDouble(), expected.luv.c3);
-        QCOMPARE_EXACT(c.value("hue").toDouble(), expected.hue);
-        QCOMPARE_EXACT(c.value("saturation").toDouble(), expected.saturation);
-        QCOMPARE_EXACT(c.value("luminosity").toDouble(), expected.luminosity);
-        QCOMPARE(quint64(c.value("count").toInteger()), expected.count);
-    }
-    const QJsonArray sorted = printed.value("sortedColors").toArray();
-    QCOMPARE(sorted.size(), state.sortedColors().size());
-    for (qsizetype i = 0; i < sorted.size(); ++i) {
-        QCOMPARE(sorted.at(i).toObject().value("color").toString(), state.sortedColors().at(i).hexName());
-        QCOMPARE(quint64(sorted.at(i).toObject().value("count").toInteger()),
-                 state.sortedColors().at(i).count);
-    }
-}
-
-QString saveImage(const TestEnvironment& env, const QString& name, const QImage& image)
-{
-    const QString path = env.root() + QLatin1Char('/') + name;
-    image.save(path);
-    return path;
-}
 } // namespace
 
 class TestColorsCommand : public QObject
@@ -101,10 +91,8 @@ private slots:
         CtlRun run = runColors(files);
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.lines.size(), files.size());
-        for (qsizetype i = 0; i < files.size(); ++i) {
-            QCOMPARE(run.lines.at(i).value("file").toString(), files.at(i));
-            verifySame(run.lines.at(i), recordFor(files.at(i), {.iconSize = 64}));
-        }
+        for (qsizetype i = 0; i < files.size(); ++i)
+            QCOMPARE(compact(run.lines.at(i)), lineFor(files.at(i), {.iconSize = 64}));
         QVERIFY(run.lines.at(0).value("colorSortValue").toDouble() < 1.0); // Firefox is coloured
 
         // Every option reaches the analysis; sizes above 128 are drawn at 128.
@@ -118,48 +106,37 @@ private slots:
             runColors({"--size", "512", "--wrap-hue", "200.5", "--gray-threshold", "0.3", "--min-saturation",
                        "0.25", "--min-luminosity", "0.5", "--grays-by-secondary", files.at(1), files.at(0)});
         QCOMPARE(run.exitCode, 0);
-        verifySame(run.lines.at(0), recordFor(files.at(1), p));
-        verifySame(run.lines.at(1), recordFor(files.at(0), p));
+        QCOMPARE(compact(run.lines.at(0)), lineFor(files.at(1), p));
+        QCOMPARE(compact(run.lines.at(1)), lineFor(files.at(0), p));
     }
 
     void oddAndHostileFiles()
     {
+        // (Every picture read is drawn into the same RGBA bitmap before the analysis, whose own
+        // handling of grey, 16-bit and other layouts is checked in tst_dominantcolors.)
         TestEnvironment env;
-        QImage deep(8, 8, QImage::Format_RGBA64);
-        deep.fill(QColor(20, 140, 220));
-        QImage grey(8, 8, QImage::Format_Grayscale8);
-        grey.fill(QColor(128, 128, 128));
-        QImage palette = filledBitmap(8, 8, 200, 30, 30).convertToFormat(QImage::Format_Indexed8);
+        const QString one = env.root() + "/one.png";
+        QVERIFY(filledBitmap(1, 1, 250, 120, 0).save(one));
+        const QString huge = env.writeFile(
+            "huge.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='100000' "
+                        "viewBox='0 0 10 10'><rect width='10' height='10' fill='#c00'/></svg>");
+        CtlRun run = runColors({one, huge});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.lines.size(), 2);
+        for (const QJsonObject& line : run.lines)
+            QCOMPARE(line.value("colors").toArray().size(), 1);
+        // The huge picture is drawn at the icon size.
+        QCOMPARE(run.lines.at(1).value("sortedColors").toArray().at(0).toObject().value("count").toInt(),
+                 64 * 64);
+
         QByteArray png;
         QBuffer buffer(&png);
         buffer.open(QIODevice::WriteOnly);
         filledBitmap(64, 64, 30, 160, 60).save(&buffer, "PNG");
-
-        const QStringList results{
-            saveImage(env, "one.png", filledBitmap(1, 1, 250, 120, 0)),
-            saveImage(env, "deep.png", deep),
-            saveImage(env, "grey.png", grey),
-            saveImage(env, "palette.png", palette),
-            env.writeFile(
-                "huge.svg",
-                "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='100000' viewBox='0 0 10 10'>"
-                "<rect width='10' height='10' fill='#c00'/></svg>"),
-        };
-        CtlRun run = runColors(results);
-        QCOMPARE(run.exitCode, 0);
-        QCOMPARE(run.lines.size(), results.size());
-        for (const QJsonObject& line : run.lines) {
-            QVERIFY2(!line.contains("error"), qPrintable(line.value("file").toString()));
-            QVERIFY(line.value("colors").toArray().size() == 1);
-        }
-        QCOMPARE(run.lines.at(4).value("sortedColors").toArray().at(0).toObject().value("count").toInt(),
-                 64 * 64);
-
         const QString truncated = env.writeFile("truncated.png", png.left(png.size() / 2));
         const QString empty = env.writeFile("empty.png", QByteArray());
         const QString notAnImage = env.writeFile("words.png", "not an image at all");
-        run =
-            runColors({truncated, empty, env.root() + "/missing.png", env.root(), notAnImage, results.at(0)});
+        run = runColors({truncated, empty, env.root() + "/missing.png", env.root(), notAnImage, one});
         QCOMPARE(run.exitCode, 1); // errors are reported per file, the rest still analysed
         QCOMPARE(run.lines.size(), 6);
         for (int i : {0, 1, 2, 3, 4})
@@ -167,20 +144,8 @@ private slots:
                      qPrintable(run.lines.at(i).value("file").toString()));
         QCOMPARE(run.lines.at(5).value("colors").toArray().size(), 1);
 
-        // A CMYK JPEG, where ImageMagick can make one.
-        const QString convert = QStandardPaths::findExecutable("convert");
-        if (!convert.isEmpty()) {
-            const QString cmyk = env.root() + "/cmyk.jpg";
-            QProcess::execute(convert, {results.at(0), "-colorspace", "CMYK", cmyk});
-            if (QFile::exists(cmyk)) {
-                run = runColors({cmyk});
-                QCOMPARE(run.exitCode, 0);
-                QCOMPARE(run.lines.at(0).value("colors").toArray().size(), 1);
-            }
-        }
-
         // Size 0: nothing is drawn (not even the huge picture at its own size) and nothing analysed.
-        run = runColors({"--size", "0", results.at(4), results.at(0)});
+        run = runColors({"--size", "0", huge, one});
         QCOMPARE(run.exitCode, 0);
         for (const QJsonObject& line : run.lines)
             QCOMPARE_EXACT(line.value("colorSortValue").toDouble(), 10.0);
