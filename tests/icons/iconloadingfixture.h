@@ -1,6 +1,6 @@
 // A catalogue whose icons load on the shared queue from the desktop's icon source over the real
-// Debian themes, with a private cache; the source is watched (which loads started, at what
-// size) and can be held shut, so that the order of the queue can be seen.
+// Debian themes, with a private cache; the source is watched (which loads started) and can be
+// held shut, so that the order of the queue can be seen.
 #pragma once
 
 #include "icontestfiles.h"
@@ -15,12 +15,6 @@
 #include <QWaitCondition>
 #include <QtTest>
 
-struct StartedLoad
-{
-    QString path;
-    int size = 0;
-};
-
 class WatchedIconSource : public IconSource
 {
 public:
@@ -29,7 +23,7 @@ public:
     LoadedIcon loadIcon(const IconRequest& request, QString* error) override
     {
         QMutexLocker locker(&m_mutex);
-        m_started.append({request.path, request.size});
+        m_started.append(request.path);
         m_changed.wakeAll();
         while (m_shut)
             m_opened.wait(&m_mutex);
@@ -59,17 +53,10 @@ public:
         }
         return true;
     }
-    QList<StartedLoad> started() const
+    QStringList startedPaths() const
     {
         QMutexLocker locker(&m_mutex);
         return m_started;
-    }
-    QStringList startedPaths() const
-    {
-        QStringList paths;
-        for (const StartedLoad& load : started())
-            paths.append(load.path);
-        return paths;
     }
     void forget()
     {
@@ -81,7 +68,7 @@ private:
     DesktopIconSource m_source;
     mutable QMutex m_mutex;
     QWaitCondition m_changed, m_opened;
-    QList<StartedLoad> m_started;
+    QStringList m_started;
     bool m_shut = false;
 };
 
