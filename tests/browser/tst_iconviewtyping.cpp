@@ -1,6 +1,6 @@
-// Typing in the icon view: the filter by letters and names, the pause that starts a new word,
-// Return on the single match, Escape, and the Command chords (the spectrums' one is drawn, and
-// checked, in tst_iconviewdrawing).
+// Typing in the icon view: the filter by letters and names, Return on the single match, Escape,
+// and the Command chords. (The pause that starts a new word is seen through the overlay, in
+// tst_overlayview; the spectrums' chord is drawn, and checked, in tst_iconviewdrawing.)
 #include "iconviewfixture.h"
 
 class TestIconViewTyping : public QObject
@@ -13,38 +13,24 @@ class TestIconViewTyping : public QObject
     }
 
 private slots:
-    void oneLetterMatchesInitialsLongerTextMatchesNames()
-    {
-        IconViewFixture f(apps());
-        f.showGroup(1);
-        NotificationSpy spy("N_FilterStringChanged");
-        f.type("s");
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
-        // Initials: Safari, Sane Scanner, System Monitor, Safe Box; not Text Editor.
-        QCOMPARE(f.filtered(), QStringList({"Safari", "Sane Scanner", "System Monitor", "Safe Box"}));
-        f.type("AF"); // typed upper case, kept lower case
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf"));
-        QCOMPARE(f.filtered(), QStringList({"Safari", "Safe Box"}));
-        QCOMPARE(spy.count, 3);
-        QCOMPARE(spy.last.object.value<QObject*>(), f.view.get());
-        QCOMPARE(spy.last.userInfo.value("filterString").toString(), QStringLiteral("saf"));
-        QCOMPARE(spy.last.userInfo.value("resetInterval").toFloat(), 1.0f);
-        QVERIFY(!f.view->isAppKeyFilteredOut(*f.app("Safari")));
-        QVERIFY(f.view->isAppKeyFilteredOut(*f.app("Terminal")));
-    }
-
-    void longerTextAlsoMatchesSearchWordsUnlessTurnedOff()
+    void oneLetterMatchesInitialsLongerTextNamesAndSearchWords()
     {
         IconViewFixture f(apps());
         f.app("Terminal")->setSearchText("shell\ncommand line\nxterm");
         f.app("Safe Box")->setSearchText("vault");
         f.showGroup(1);
+        f.type("s");
+        // Initials: Safari, Sane Scanner, System Monitor, Safe Box; not Text Editor.
+        QCOMPARE(f.filtered(), QStringList({"Safari", "Sane Scanner", "System Monitor", "Safe Box"}));
+        f.type("AF"); // typed upper case, kept lower case
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf"));
+        QCOMPARE(f.filtered(), QStringList({"Safari", "Safe Box"}));
+
+        f.view->resetFilterSubstring();
         f.type("x"); // one letter stays with the initials
         QCOMPARE(f.filtered(), QStringList());
         f.view->resetFilterSubstring();
         f.type("she");
-        QCOMPARE(f.filtered(), QStringList{"Terminal"});
-        f.type("l");
         QCOMPARE(f.filtered(), QStringList{"Terminal"});
         f.defaults->setBool(false, "matchKeywords");
         QCOMPARE(f.filtered(), QStringList());
@@ -68,8 +54,7 @@ private slots:
             {Qt::Key_Left, "System Monitor"}, {Qt::Key_Home, "Safari"}};
         for (const auto& [key, name] : steps) {
             QVERIFY(f.key(key));
-            QCOMPARE(f.view->keyboardSelectedApp()->name(), name);
-            QCOMPARE(f.view->appAtCoords(f.view->selectedCoords())->name(), name);
+            QCOMPARE(f.view->keyboardSelectedApp()->name(), name); // only while it is the one selected
         }
         // The selection follows the filter and skips what it fades; Return launches it even
         // when more than one app matches.
@@ -81,19 +66,7 @@ private slots:
         QTRY_COMPARE(f.actions->launches(), QStringList{"Terminal"});
     }
 
-    void aPauseOfASecondStartsANewWord()
-    {
-        IconViewFixture f(apps());
-        f.showGroup(1);
-        f.type("saf");
-        QVERIFY(f.view->isFilterSubstringTimerRunning());
-        QTRY_VERIFY_WITH_TIMEOUT(!f.view->isFilterSubstringTimerRunning(), 3000);
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf")); // stays until the next key
-        f.type("t");
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("t"));
-    }
-
-    void heldKeysSpacesAndDelete()
+    void heldKeysSpacesDeleteAndEscape()
     {
         IconViewFixture f(apps());
         f.showGroup(1);
@@ -108,8 +81,17 @@ private slots:
         QVERIFY(f.key(Qt::Key_Backspace, "\b", {}, true));
         QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
         QVERIFY(!f.key(Qt::Key_Exclam, "!"));
-        QVERIFY(!f.key(Qt::Key_F5));
         QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
+
+        // Escape clears the filter first, then lets the panel close; Command-period clears it too.
+        QVERIFY(f.key(Qt::Key_Escape, "\x1b"));
+        QCOMPARE(f.view->filterSubstring(), QString());
+        QVERIFY(!f.key(Qt::Key_Escape, "\x1b"));
+        f.type("t");
+        QVERIFY(f.key(Qt::Key_Period, ".", Qt::ControlModifier));
+        QCOMPARE(f.view->filterSubstring(), QString());
+        QVERIFY(!f.key(Qt::Key_S, "\x13", Qt::ControlModifier)); // chords never type
+        QCOMPARE(f.view->filterSubstring(), QString());
     }
 
     void returnLaunchesOnlyASingleMatchOnAnotherThread()
@@ -124,7 +106,6 @@ private slots:
         f.type("a");
         QVERIFY(f.key(Qt::Key_Enter, "\r"));
         QCOMPARE(launches.count(), 1);
-        QCOMPARE(launches.at(0).at(0).value<HVAppRef>(), f.app("Safari"));
         QCOMPARE(f.view->filterSubstring(), QString());
         QTRY_COMPARE(f.actions->launches(), QStringList({"Safari"}));
         QVERIFY(!f.actions->launchedOnMainThread);
@@ -142,34 +123,15 @@ private slots:
         QCOMPARE(launches.count(), 2);
     }
 
-    void escapeClearsTheFilterFirstThenLetsThePanelClose()
-    {
-        IconViewFixture f(apps());
-        f.showGroup(1);
-        f.type("sa");
-        QVERIFY(f.key(Qt::Key_Escape, "\x1b"));
-        QCOMPARE(f.view->filterSubstring(), QString());
-        QVERIFY(!f.key(Qt::Key_Escape, "\x1b"));
-        f.type("t");
-        QVERIFY(f.key(Qt::Key_Period, ".", Qt::ControlModifier));
-        QCOMPARE(f.view->filterSubstring(), QString());
-        QVERIFY(!f.key(Qt::Key_S, "\x13", Qt::ControlModifier)); // chords never type
-        QCOMPARE(f.view->filterSubstring(), QString());
-    }
-
     void commandEqualsAndMinusChangeTheRowsOfBunches()
     {
         IconViewFixture f(apps());
         f.showGroup(1);
         const int rows = f.view->iconLayout().rowCount();
-        NotificationSpy resizing("N_SubviewNeedsResizing");
         QVERIFY(f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
         QCOMPARE(f.view->iconLayout().rowCount(), rows + 1);
-        QCOMPARE(resizing.count, 1);
-        QCOMPARE(resizing.last.object.value<QObject*>(), f.view.get());
-        QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
-        QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
-        QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
         QCOMPARE(f.view->iconLayout().rowCount(), 1); // never fewer than one
         QCOMPARE(f.view->iconLayout().colCount(), 6);
         f.view->setGroupToShow(2); // a flat list has no rows to force
