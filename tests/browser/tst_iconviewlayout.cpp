@@ -12,30 +12,22 @@ private slots:
     void theViewTakesTheSizeOfItsGridAndSaysSo()
     {
         IconViewFixture f(apps(), {}, {{"Alpha"}});
+        // (The panel following the size said is seen in tst_resizefade.)
         NotificationSpy resizing("N_SubviewNeedsResizing");
-        QSignalSpy shown(f.view.get(), &HVIconView::groupShownChanged);
         f.showGroup(8);
         QCOMPARE(resizing.count, 1);
-        QCOMPARE(resizing.last.object.value<QObject*>(), f.view.get());
-        QCOMPARE(shown.count(), 1);
-        QCOMPARE(shown.at(0).at(0).toInt(), 8);
         QCOMPARE(f.view->viewSize(), QSizeF(92, 92)); // one 68-point cell and the margins
         f.view->setGroupToShow(1);
         QCOMPARE(resizing.count, 2);
         // 3 + 2 apps in 2 rows: 2 + 1 columns of 68-point cells, half a cell between the bunches.
-        QCOMPARE(f.view->iconLayout().rowCount(), 2);
-        QCOMPARE(f.view->iconLayout().colCount(), 3);
-        QCOMPARE(f.view->viewSize(), QSizeF(262, 160));
+        // (The grid's own numbers, and its shrinking, are the layout engine's, in tst_iconlayout.)
         QCOMPARE(f.view->size(), QSize(262, 160));
-        QCOMPARE(f.view->appAtPoint(QPointF(12 + 68 * 2 + 34 + 1, 13)), f.app("Delta"));
 
         f.view->setGroupToShow(1); // nothing changed
         QCOMPARE(resizing.count, 2);
         // A narrow panel: three rows of two columns, whose icons shrink until the grid fits.
         f.view->setMaxIconViewSize(QSizeF(150, 600));
         QCOMPARE(resizing.count, 3);
-        QCOMPARE(f.view->iconLayout().colCount(), 2);
-        QCOMPARE(f.view->iconLayout().iconWidth(), 46);
         QCOMPARE(f.view->viewSize(), QSizeF(149, 174));
         f.view->resizeViewForced(true);
         QCOMPARE(resizing.count, 4);
@@ -51,11 +43,8 @@ private slots:
         f.manager->excludeApp(f.app("Gamma"));
         f.manager->excludeApp(f.app("Beta"));
         QCOMPARE(f.view->keyFilteredApps1D(), HVAppBunch({f.app("Alpha"), f.app("Delta"), f.app("Epsilon")}));
-        QCOMPARE(f.view->coordsOfApp(f.app("Beta")).row, Coords::None);
         // 2 + 2 apps took two rows of two columns; 1 + 2 keep that shape, so the panel stays.
         QCOMPARE(resizing.count, 1);
-        QCOMPARE(f.view->iconLayout().rowCount(), 2);
-        QCOMPARE(f.view->iconLayout().colCount(), 2);
     }
 
     void layoutPreferencesLayOutAgain()
