@@ -64,18 +64,16 @@ private slots:
         keystroke([&] { f.type("s"); }, QRegion(f.view->rect()));
         keystroke([&] { f.type("a"); }, cellsOf(f, {"System Monitor"}));
         keystroke([&] { f.type("f"); }, cellsOf(f, {"Sane Scanner"}));
-        keystroke([&] { f.key(Qt::Key_Backspace, "\b"); }, cellsOf(f, {"Sane Scanner"}));
-        // No name holds "sa ": the three left fade, and come back with the space deleted.
-        const QRegion three = cellsOf(f, {"Safari", "Sane Scanner", "Safe Box"});
-        keystroke([&] { f.key(Qt::Key_Space, " "); }, three);
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("sa "));
-        keystroke([&] { f.key(Qt::Key_Backspace, "\b"); }, three);
+        // No name holds "saf ": the two left fade, and come back with the space deleted.
+        const QRegion two = cellsOf(f, {"Safari", "Safe Box"});
+        keystroke([&] { f.key(Qt::Key_Space, " "); }, two);
+        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf "));
+        keystroke([&] { f.key(Qt::Key_Backspace, "\b"); }, two);
         keystroke([&] { f.key(Qt::Key_Escape, "\x1b"); }, QRegion(f.view->rect()));
         QCOMPARE(f.filtered().size(), 12);
 
         // The wheel steps one letter at a time: z keeps nothing here, y neither.
         keystroke([&] { f.wheel(QPointF(0, 1.5)); }, QRegion(f.view->rect()));
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("z"));
         keystroke([&] { f.wheel(QPointF(0, 1.5)); }, QRegion());
         QCOMPARE(f.view->filterSubstring(), QStringLiteral("y"));
     }
@@ -86,31 +84,23 @@ private slots:
         colourIcons(f);
         f.showGroup(5); // all apps: the excluded one faded too
         QTRY_COMPARE(onScreen(*f.view), drawnWhole(*f.view));
-        for (const QString& keys : {QStringLiteral("s"), QStringLiteral("a"), QStringLiteral("f")}) {
-            f.type(keys);
-            QCoreApplication::processEvents();
-            QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
-        }
-        f.key(Qt::Key_Backspace, "\b");
-        f.key(Qt::Key_Backspace, "\b");
-        QCoreApplication::processEvents();
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
-        QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
         // Lines between bunches and the rounded corners come through pieces untouched.
         QTest::mouseMove(f.view.get(), f.centreOf("Maps"));
         QTest::mouseMove(f.view.get(), f.centreOf("Safari"));
         QCoreApplication::processEvents();
         QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
-
-        // Stacked bunches and a flat list place their cells otherwise: the same holds.
-        for (int orientation : {1, 0}) {
+        // Side by side, stacked and flat, the bunches place their cells otherwise: letters that
+        // fade cells, and a Delete that brings them back.
+        for (int orientation : {2, 1, 0}) {
             f.view->resetView();
             f.defaults->setInteger(orientation, "groupOrientation");
-            QCoreApplication::processEvents();
-            for (const QString& keys : {QStringLiteral("t"), QStringLiteral("e"), QStringLiteral("r")}) {
-                f.type(keys);
+            for (const QString& typed : {QStringLiteral("s"), QStringLiteral("a"), QStringLiteral("\b")}) {
+                f.key(typed == "\b" ? Qt::Key_Backspace : Qt::Key(typed.toUpper().at(0).unicode()), typed);
                 QCoreApplication::processEvents();
-                QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+                QVERIFY2(onScreen(*f.view) == drawnWhole(*f.view),
+                         qPrintable(QString("orientation %1, filter '%2'")
+                                        .arg(orientation)
+                                        .arg(f.view->filterSubstring())));
             }
         }
     }
