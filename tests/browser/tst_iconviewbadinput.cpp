@@ -1,8 +1,7 @@
 // The icon view given lists and preferences far outside the usual: no apps, one app, 5,000 in
 // one bunch, 300 bunches of one, a panel smaller than a cell and preference values that make no
-// sense. The grid stays within its table, no icon goes below one point (the layout's own numbers
-// for such input are checked in tst_layoutbadinput), and the view still paints, takes clicks,
-// keys and the wheel, and the pointer reaches the apps.
+// sense. The view still paints, takes clicks, keys and the wheel, and the pointer reaches the
+// apps. (The grid's own numbers for such input are checked in tst_layoutbadinput.)
 #include "iconviewfixture.h"
 
 namespace {
@@ -27,16 +26,9 @@ class TestIconViewBadInput : public QObject
 {
     Q_OBJECT
 
-    // The grid is sane, the view paints, and every kind of input reaches it without harm.
+    // The view paints, and every kind of input reaches it without harm.
     static void checkSaneAndUsable(IconViewFixture& f)
     {
-        const HVIconLayout& layout = f.view->iconLayout();
-        QVERIFY(layout.rowCount() >= 0 && layout.rowCount() <= 256);
-        QVERIFY(layout.colCount() >= 0 && layout.colCount() <= 256);
-        if (layout.bunchCount() > 0) {
-            QVERIFY(layout.iconWidth() >= 1 && layout.iconWidth() <= 128);
-            QCOMPARE(layout.cellWidth(), layout.iconWidth() + 2 * layout.preferences().iconPadding);
-        }
         QVERIFY(!f.view->grab().isNull());
         f.type("ab");
         f.key(Qt::Key_Backspace, "\b");
@@ -117,35 +109,30 @@ private slots:
     {
         IconViewFixture f({{"Alpha", "Beta", "Gamma"}, {"Delta"}});
         f.showGroup(1);
-        const QList<QPair<QString, QVariant>> settings = {
-            {"maximumIconSize", 1000000000},
-            {"maximumIconSize", -5},
-            {"maximumIconSize", "big"},
-            {"iconPadding", -100},
-            {"iconPadding", 1000},
-            {"iconSpacing", 1e9},
-            {"iconSpacing", -3},
-            {"groupOrientation", 7},
-            {"groupOrientation", -1},
-            {"iconReadingOrder", 0},
-            {"iconReadingOrder", 99},
-            {"minimizeEmptyCells", "yes"},
-            {"excludedIconAlpha", -3},
-            {"excludedIconAlpha", 40},
-            {"windowAlpha", 1e300},
-            {"iconHighlightColor", "none"},
-            {"drawFilledIconHighlight", 5},
-            {"reverseScrollWheel", "x"},
+        const QList<QPair<QString, QVariantList>> settings = {
+            {"maximumIconSize", {1000000000, -5, "big"}},
+            {"iconPadding", {-100, 1000}},
+            {"iconSpacing", {1e9, -3}},
+            {"groupOrientation", {7, -1}},
+            {"iconReadingOrder", {0, 99}},
+            {"minimizeEmptyCells", {"yes"}},
+            {"excludedIconAlpha", {-3, 40}},
+            {"windowAlpha", {1e300}},
+            {"iconHighlightColor", {"none"}},
+            {"drawFilledIconHighlight", {5}},
+            {"reverseScrollWheel", {"x"}},
         };
-        for (const auto& [key, value] : settings) {
-            f.defaults->setObject(value, key);
-            const HVIconLayoutPreferences& used = f.view->iconLayout().preferences();
-            QVERIFY2(used.iconPadding >= 2 && used.iconPadding <= 8, qPrintable(key));
-            QVERIFY2(used.iconSpacing >= 0 && used.iconSpacing <= 8, qPrintable(key));
-            QVERIFY2(used.maximumIconSize >= 1 && used.maximumIconSize <= 128, qPrintable(key));
-            QVERIFY2(f.view->appearance().excludedOpacity >= 0 && f.view->appearance().excludedOpacity <= 1,
-                     qPrintable(key));
-            checkSaneAndUsable(f);
+        for (const auto& [key, values] : settings) {
+            for (const QVariant& value : values) {
+                f.defaults->setObject(value, key);
+                const HVIconLayoutPreferences& used = f.view->iconLayout().preferences();
+                QVERIFY2(used.iconPadding >= 2 && used.iconPadding <= 8, qPrintable(key));
+                QVERIFY2(used.iconSpacing >= 0 && used.iconSpacing <= 8, qPrintable(key));
+                QVERIFY2(used.maximumIconSize >= 1 && used.maximumIconSize <= 128, qPrintable(key));
+                const double excluded = f.view->appearance().excludedOpacity;
+                QVERIFY2(excluded >= 0 && excluded <= 1, qPrintable(key));
+                checkSaneAndUsable(f);
+            }
         }
     }
 };
