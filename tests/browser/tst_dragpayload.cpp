@@ -28,10 +28,8 @@ private slots:
         const HVDragPayload sent{QStringLiteral("/apps/a \"b\" $(x)\n.desktop"), 8, 3, 41};
         const auto got = HVDragPayload::decoded(sent.encoded());
         QVERIFY(got);
-        QCOMPARE(got->appPath, sent.appPath);
-        QCOMPARE(got->group, sent.group);
-        QCOMPARE(got->bunch, sent.bunch);
-        QCOMPARE(got->index, sent.index);
+        QCOMPARE(std::tuple(got->appPath, got->group, got->bunch, got->index),
+                 std::tuple(sent.appPath, sent.group, sent.bunch, sent.index));
     }
 
     void foreignOrDamagedDataIsRefused()
