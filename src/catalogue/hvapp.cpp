@@ -3,7 +3,6 @@
 #include "desktopentryreader.h"
 #include "listfilestore.h"
 
-#include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
 #include <QMutex>
@@ -259,22 +258,6 @@ bool HVApp::canAcceptURL(const QUrl& item) const
 bool HVApp::prefersURL(const QUrl& item) const
 {
     return m_actions && m_actions->prefersURL(*this, item);
-}
-
-void HVApp::encodeWithCoder(QDataStream& stream) const
-{
-    stream << QVariantMap{{QStringLiteral("ivDict"), QVariantMap{{QStringLiteral("path"), m_path}}}};
-}
-
-std::shared_ptr<HVApp> HVApp::initWithCoder(QDataStream& stream)
-{
-    QVariantMap archive;
-    stream >> archive;
-    auto app = std::make_shared<HVApp>();
-    // Unarchiving restores the path as it was stored, without standardising it again.
-    app->m_path = archive.value(QStringLiteral("ivDict")).toMap().value(QStringLiteral("path")).toString();
-    app->m_icon = QImage();
-    return app;
 }
 
 QList<QPair<QString, QString>> HVApp::entryActions() const

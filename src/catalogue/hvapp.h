@@ -19,8 +19,6 @@
 #include <memory>
 #include <optional>
 
-class QDataStream;
-
 class HVApp : public std::enable_shared_from_this<HVApp>
 {
 public:
@@ -121,10 +119,6 @@ public:
     QList<QPair<QString, QString>> entryActions() const;
     bool launchEntryAction(const QString& action);
     bool isApplicationInstalled(const QString& desktopId) const;
-
-    // Archiving: a dictionary {"ivDict": {"path": path}}; an unarchived record has only its path.
-    void encodeWithCoder(QDataStream& stream) const;
-    static std::shared_ptr<HVApp> initWithCoder(QDataStream& stream);
 
 private:
     void postIconChanged();
