@@ -1,6 +1,5 @@
-// The colour library as the icon analysis uses it: fixed points of the conversions, the gamma
-// tables and wrapping. (Its members no path of Nimbo calls, the reference tables, L*a*b*,
-// CIEDE2000 and colour temperatures, are left untested.)
+// The colour library: fixed points of the conversions, the gamma tables, wrapping, the
+// reference tables and the members the icon analysis does not use.
 #include "colourtesthelpers.h"
 
 #include "colour/colorconversions.h"
@@ -86,6 +85,9 @@ private slots:
         QCOMPARE(LinearRGB_Float_From_GammaRGB_UInt8(2.2).get(), table.get()); // same gamma: no rebuild
         QCOMPARE_EXACT(table->values[255], 1.0);
         QCOMPARE_EXACT(table->values[128], std::pow(128 / 255.0, 2.2));
+
+        // The 8-bit pair's values are checked on a whole bitmap by the bitmap preparation test.
+        QCOMPARE_EXACT(GammaRGB_UInt8_Tables(9.0)->gamma, 3.0);
     }
 
     void gammaTablesSurviveConcurrentRebuilds()
@@ -106,6 +108,74 @@ private slots:
         for (std::thread& thread : threads)
             thread.join();
         QCOMPARE(failures.load(), 0);
+    }
+
+    void illuminantTable()
+    {
+        QCOMPARE(kStandardIlluminants.size(), size_t(20));
+        // The one name beyond ASCII.
+        QCOMPARE(
+            QString::fromUtf8(kStandardIlluminants[IlluminantD65].name),
+            QString::fromUtf8("Illuminant D65 - 2° Observer, Noon Daylight, Television, sRGB Color Space"));
+        const StandardIlluminant& d50 = kStandardIlluminants[IlluminantD50];
+        QCOMPARE_EXACT(d50.observer2.x, 0.34567);
+        QCOMPARE_EXACT(d50.observer10.y, 0.35952);
+        const StandardIlluminant& d65 = kStandardIlluminants[IlluminantD65];
+        QCOMPARE_EXACT(d65.observer2.y, 0.32902);
+        QCOMPARE_EXACT(d65.observer10.x, 0.31382);
+        const StandardIlluminant& e = kStandardIlluminants[IlluminantE];
+        for (double v : {e.observer2.x, e.observer2.y, e.observer10.x, e.observer10.y})
+            QCOMPARE_EXACT(v, 1.0 / 3.0);
+        // Every illuminant is a plausible white: McCamy's temperature agrees with the name's CCT.
+        QVERIFY(std::fabs(CCT_McCamy(kStandardIlluminants[IlluminantF11].observer2) - 4000.0) < 60.0);
+        QVERIFY(std::fabs(CCT_McCamy(d65.observer2) - 6504.0) < 5.0);
+        QVERIFY(std::fabs(CCT_HernandezAndres(d65.observer2) - 6504.0) < 15.0);
+    }
+
+    void workingSpacesAgreeWithTheirPrimaries()
+    {
+        QCOMPARE(kRGBWorkingSpaces.size(), size_t(16));
+        const RGBWorkingSpace& srgb = kRGBWorkingSpaces[SRGB];
+        QCOMPARE(QByteArray(srgb.name), QByteArray("sRGB"));
+        QCOMPARE_EXACT(srgb.green.Y, 0.715158);
+        QCOMPARE_EXACT(kRGBWorkingSpaces[ProPhotoRGB].gamma, 1.8);
+        QCOMPARE_EXACT(kRGBWorkingSpaces[ECIRGBv2].gamma, 1.0);
+        QCOMPARE_EXACT(kRGBWorkingSpaces[NTSCRGB].white.x, 0.31006);
+        for (const RGBWorkingSpace& space : kRGBWorkingSpaces) {
+            // The luminance shares sum to 1 and are what the primaries and white imply.
+            QVERIFY2(std::fabs(space.red.Y + space.green.Y + space.blue.Y - 1.0) < 2e-6, space.name);
+            const RGBPrimary p[3] = {space.red, space.green, space.blue};
+            double m[3][3], w[3] = {space.white.x / space.white.y, 1.0,
+                                    (1.0 - space.white.x - space.white.y) / space.white.y};
+            for (int i = 0; i < 3; ++i) {
+                m[0][i] = p[i].x / p[i].y;
+                m[1][i] = 1.0;
+                m[2][i] = (1.0 - p[i].x - p[i].y) / p[i].y;
+            }
+            const double residual[3] = {m[0][0] * p[0].Y + m[0][1] * p[1].Y + m[0][2] * p[2].Y - w[0],
+                                        m[1][0] * p[0].Y + m[1][1] * p[1].Y + m[1][2] * p[2].Y - w[1],
+                                        m[2][0] * p[0].Y + m[2][1] * p[1].Y + m[2][2] * p[2].Y - w[2]};
+            for (int k = 0; k < 3; ++k) {
+                // The published shares have 6 decimals; a primary of tiny y magnifies that rounding.
+                const double scale = std::fabs(m[k][0]) + std::fabs(m[k][1]) + std::fabs(m[k][2]);
+                QVERIFY2(std::fabs(residual[k]) < 2e-3 + 1e-6 * scale, space.name);
+            }
+        }
+    }
+
+    void unusedLibraryMembers()
+    {
+        QCOMPARE_EXACT(LinearRGB_From_sRGB_Component(0.04045), 0.04045 / 12.92);
+        QVERIFY(std::fabs(sRGB_From_LinearRGB_Component(LinearRGB_From_sRGB_Component(0.5)) - 0.5) < 1e-12);
+        const ColorQuad labWhite = Lab_From_XYZ({0.95047, 1.0, 1.08883, 1.0});
+        QCOMPARE_EXACT(labWhite.c1, 100.0);
+        QVERIFY(std::fabs(labWhite.c2) < 1e-12 && std::fabs(labWhite.c3) < 1e-12);
+        // Published CIEDE2000 test pairs.
+        QVERIFY(std::fabs(DeltaE_2000({50.0, 2.6772, -79.7751, 1}, {50.0, 0.0, -82.7485, 1}) - 2.0425) <
+                1e-4);
+        QVERIFY(std::fabs(DeltaE_2000({50.0, 0.0, 0.0, 1}, {50.0, -1.0, 2.0, 1}) - 2.3669) < 1e-4);
+        QVERIFY(std::fabs(DeltaE_2000({50.0, 2.5, 0.0, 1}, {73.0, 25.0, -18.0, 1}) - 27.1492) < 1e-4);
+        QCOMPARE_EXACT(DeltaE_Luv({10.0, 0.0, 0.0, 1}, {13.0, 4.0, 0.0, 1}), 5.0);
     }
 };
 
