@@ -22,15 +22,19 @@
 #include <QFile>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMutex>
 #include <QProcess>
 #include <QtTest>
 
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
+// Messages come from Qt's D-Bus and Wayland threads too.
+QMutex g_messagesLock;
 QStringList g_messages;
 
 void collect(QtMsgType, const QMessageLogContext&, const QString& message)
 {
+    const QMutexLocker locker(&g_messagesLock);
     g_messages << message;
     fprintf(stderr, "%s\n", qPrintable(message));
 }
@@ -231,6 +235,7 @@ private slots:
             controller->explicitHideMainWindow();
             QVERIFY(!controller->mainWindowIsVisible());
         }
+        const QMutexLocker locker(&g_messagesLock);
         for (const QString& message : std::as_const(g_messages))
             QVERIFY2(!message.contains("opacity", Qt::CaseInsensitive) || message.contains("paints its own"),
                      qPrintable(message));
