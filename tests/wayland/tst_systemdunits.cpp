@@ -2,6 +2,7 @@
 // a user manager of the test's own sits on the private session bus: it lists units, announces
 // them appearing and going away, makes transient scopes and stops units (ending their
 // processes) as systemd does. Nimbo's session is the real one the Wayland platform chooses.
+#include "logcollector.h"
 #include "support/testenvironment.h"
 
 #include "browser/hviconcontextmenu.h"
@@ -20,7 +21,6 @@
 #include <QDBusVirtualObject>
 #include <QFile>
 #include <QMenu>
-#include <QMutex>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -28,22 +28,9 @@
 #include <fnmatch.h>
 
 namespace {
-// Messages come from Qt's D-Bus and Wayland threads too.
-QMutex g_messagesLock;
-QStringList g_messages;
-
-void collect(QtMsgType, const QMessageLogContext&, const QString& message)
-{
-    const QMutexLocker locker(&g_messagesLock);
-    g_messages << message;
-    fprintf(stderr, "%s\n", qPrintable(message));
-}
-
 qsizetype messagesWith(const QString& text)
 {
-    const QMutexLocker locker(&g_messagesLock);
-    return std::count_if(g_messages.cbegin(), g_messages.cend(),
-                         [&text](const QString& message) { return message.contains(text); });
+    return LogCollector::linesWith(text);
 }
 
 // systemd's object path for a unit: every character but letters and digits as "_xx".
@@ -202,7 +189,7 @@ private slots:
     void initTestCase()
     {
         QCOMPARE(QGuiApplication::platformName(), QStringLiteral("wayland"));
-        qInstallMessageHandler(collect);
+        LogCollector::install();
         editor = entry("org.example.Editor");
         viewer = entry("org.example.Viewer");
         dashed = entry("firefox-esr");
