@@ -1,5 +1,4 @@
-// Helpers of the colour tests: exact comparison of doubles, and small bitmaps made pixel by pixel
-// or laid out by hand.
+// Helpers of the colour tests: exact comparison of doubles, and small bitmaps made pixel by pixel.
 #pragma once
 
 #include "colour/hvbitmaprep.h"
@@ -31,15 +30,4 @@ inline void setPixelBytes(QImage* image, int x, int y, uchar r, uchar g, uchar b
 {
     uchar* p = image->scanLine(y) + 4 * x;
     p[0] = r, p[1] = g, p[2] = b, p[3] = a;
-}
-
-// An interleaved layout of `spp` samples of `bps` bits, rows without padding.
-inline HVBitmapLayout layout(qint64 spp, qint64 bps, bool alpha, quint64 format = 0,
-                             qint64 model = HVColorSpaceModelRGB, qint64 wide = 2, qint64 high = 2)
-{
-    HVBitmapLayout l;
-    l.pixelsWide = wide, l.pixelsHigh = high, l.samplesPerPixel = spp, l.bitsPerSample = bps;
-    l.bitsPerPixel = spp * bps, l.bytesPerRow = wide * spp * bps / 8, l.hasAlpha = alpha;
-    l.bitmapFormat = format, l.colorSpaceModel = model;
-    return l;
 }
