@@ -20,74 +20,49 @@ class TestIconLookup : public QObject
     }
 
 private slots:
-    void realThemes_data()
-    {
-        QTest::addColumn<QString>("theme");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("size");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* tag, const char* theme, const char* name, int size,
-                            const char* expected) {
-            QTest::newRow(tag) << QString(theme) << QString(name) << size << QString(expected);
-        };
-        // Papirus keeps its 128-pixel applications as SVG meant for 128 to 512 pixels.
-        row("papirus 128", "Papirus", "firefox", 128, "Papirus/128x128/apps/firefox.svg");
-        row("papirus 48", "Papirus", "firefox", 48, "Papirus/48x48/apps/firefox.svg");
-        row("papirus own logo", "Papirus", "debian-logo", 48, "Papirus/48x48/apps/debian-logo.svg");
-        row("adwaita 48", "Adwaita", "accessories-calculator", 48,
-            "Adwaita/48x48/legacy/accessories-calculator.png");
-        // Adwaita has no xterm; it inherits hicolor, whose own folders decide by size.
-        row("inherited 48", "Adwaita", "xterm", 48, "hicolor/48x48/apps/xterm.png");
-        row("inherited 96", "Adwaita", "xterm", 96, "hicolor/scalable/apps/xterm.svg");
-        row("pixmaps last", "Adwaita", "debian-logo", 128, "/usr/share/pixmaps/debian-logo.png");
-        row("nowhere", "Papirus", "no-such-icon-anywhere", 128, "");
-    }
-
     void realThemes()
     {
-        QFETCH(QString, theme);
-        QFETCH(QString, name);
-        QFETCH(int, size);
-        QFETCH(QString, expected);
-        const IconThemeLookup lookup(system(theme));
-        const QString full = expected.isEmpty() || expected.startsWith(QLatin1Char('/'))
-                                 ? expected
-                                 : SystemIcons + QLatin1Char('/') + expected;
-        QCOMPARE(lookup.findIcon(name, size), full);
-    }
-
-    void sizeRules_data()
-    {
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<int>("size");
-        QTest::addColumn<QString>("expected");
-        // The plain freedesktop distance would take the 16-pixel bitmap (112 away against 128).
-        QTest::newRow("larger bitmap over smaller")
-            << QStringList{"16/i.png", "256/i.png"} << 128 << "256/i.png";
-        QTest::newRow("svg over small bitmap")
-            << QStringList{"32/i.png", "scalable/i.svg"} << 128 << "scalable/i.svg";
-        QTest::newRow("only a small bitmap") << QStringList{"16/i.png"} << 128 << "16/i.png";
-        QTest::newRow("exact size") << QStringList{"32/i.png", "256/i.png"} << 32 << "32/i.png";
-        QTest::newRow("scalable range")
-            << QStringList{"256/i.png", "scalable/i.svg"} << 48 << "scalable/i.svg";
-        QTest::newRow("closest larger") << QStringList{"256/i.png", "64/i.png"} << 48 << "64/i.png";
-        QTest::newRow("png before svg") << QStringList{"32/i.svg", "32/i.png"} << 32 << "32/i.png";
-        QTest::newRow("xpm last") << QStringList{"32/i.xpm"} << 32 << "32/i.xpm";
+        // Each: the theme, the icon name and size, then the file found ("" for none).
+        const QList<QStringList> cases{
+            // Papirus keeps its 128-pixel applications as SVG meant for 128 to 512 pixels; its own
+            // logo comes before the pixmap.
+            {"Papirus", "firefox", "128", SystemIcons + "/Papirus/128x128/apps/firefox.svg"},
+            {"Papirus", "debian-logo", "48", SystemIcons + "/Papirus/48x48/apps/debian-logo.svg"},
+            {"Adwaita", "accessories-calculator", "48",
+             SystemIcons + "/Adwaita/48x48/legacy/accessories-calculator.png"},
+            // Adwaita has no xterm; it inherits hicolor. The pixmaps come last.
+            {"Adwaita", "xterm", "48", SystemIcons + "/hicolor/48x48/apps/xterm.png"},
+            {"Adwaita", "debian-logo", "128", "/usr/share/pixmaps/debian-logo.png"},
+            {"Papirus", "no-such-icon-anywhere", "128", ""}};
+        for (const QStringList& c : cases)
+            QCOMPARE(c.mid(0, 3) << IconThemeLookup(system(c[0])).findIcon(c[1], c[2].toInt()), c);
     }
 
     void sizeRules()
     {
-        QFETCH(QStringList, files);
-        QFETCH(int, size);
-        QFETCH(QString, expected);
-        TestEnvironment env;
-        env.writeFile("icons/Rules/index.theme", indexTheme("Rules", "",
-                                                            {"16:Fixed:16", "32:Fixed:32", "64:Fixed:64",
-                                                             "256:Fixed:256", "scalable:Scalable:16:8:64"}));
-        for (const QString& file : files)
-            env.writeFile("icons/Rules/" + file, "x");
-        const IconThemeLookup lookup(themes(env, "Rules"));
-        QCOMPARE(lookup.findIcon("i", size), env.root() + "/icons/Rules/" + expected);
+        // Each: the size asked for, the file found, then the files the theme has.
+        const QList<QStringList> cases{
+            // The plain freedesktop distance would take the 16-pixel bitmap (112 away against 128).
+            {"128", "256/i.png", "16/i.png", "256/i.png"},
+            {"128", "scalable/i.svg", "32/i.png", "scalable/i.svg"}, // svg over a small bitmap
+            {"128", "16/i.png", "16/i.png"},                         // only a small bitmap
+            {"32", "32/i.png", "32/i.png", "256/i.png"},             // the exact size
+            {"48", "scalable/i.svg", "256/i.png", "scalable/i.svg"}, // within the scalable range
+            {"48", "64/i.png", "256/i.png", "64/i.png"},             // the closest larger
+            {"32", "32/i.png", "32/i.svg", "32/i.png"},              // png before svg
+            {"32", "32/i.xpm", "32/i.xpm"}};                         // xpm last
+        for (const QStringList& c : cases) {
+            TestEnvironment env;
+            env.writeFile("icons/Rules/index.theme",
+                          indexTheme("Rules", "",
+                                     {"16:Fixed:16", "32:Fixed:32", "64:Fixed:64", "256:Fixed:256",
+                                      "scalable:Scalable:16:8:64"}));
+            for (const QString& file : c.mid(2))
+                env.writeFile("icons/Rules/" + file, "x");
+            const QString found = IconThemeLookup(themes(env, "Rules")).findIcon("i", c[0].toInt());
+            QCOMPARE(QStringList({c[0], found}) + c.mid(2),
+                     QStringList({c[0], env.root() + "/icons/Rules/" + c[1]}) + c.mid(2));
+        }
     }
 
     void inheritanceAndTheUsersFolder()
@@ -141,12 +116,10 @@ private slots:
         const QString real = env.writeFile("icons/Mine/64/real.png", png(64));
         const QString folder = env.root() + "/icons/Mine/48/";
         QDir().mkpath(folder + "folder.png");
-        QVERIFY(QFile::link(env.root() + "/nowhere.png", folder + "ghost.png"));
         QVERIFY(QFile::link(env.root() + "/nowhere.png", folder + "both.png"));
         const QString both = env.writeFile("icons/Mine/48/both.svg", svg());
         QVERIFY(QFile::link(real, folder + "linked.png"));
         const IconThemeLookup lookup(themes(env, "Mine"));
-        QCOMPARE(lookup.findIcon("ghost", 48), QString());
         QCOMPARE(lookup.findIcon("folder", 48), QString());
         QCOMPARE(lookup.findIcon("both", 48), both);
         QCOMPARE(lookup.findIcon("linked", 48), folder + "linked.png");
@@ -167,30 +140,19 @@ private slots:
         qunsetenv("XDG_CURRENT_DESKTOP");
     }
 
-    void iconValues_data()
-    {
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QStringList>("names");
-        const auto row = [](const char* tag, const char* value, const char* file, const QStringList& names) {
-            QTest::newRow(tag) << QString(value) << QString(file) << names;
-        };
-        row("reverse dns", "org.gnome.Calculator", "", {"org.gnome.Calculator"});
-        row("stray extension", "gvim.png", "", {"gvim"});
-        row("svgz", "tool.SVGZ", "", {"tool"});
-        row("absolute", " /opt/app/icon.png ", "/opt/app/icon.png", {});
-        row("relative path", "icons/app.png", "", {});
-        row("only extension", ".png", "", {});
-    }
-
     void iconValues()
     {
-        QFETCH(QString, value);
-        QFETCH(QString, file);
-        QFETCH(QStringList, names);
-        const EntryIcon icon = EntryIconName::fromIconValue(value);
-        QCOMPARE(icon.filePath, file);
-        QCOMPARE(icon.names, names);
+        // Each: the Icon value, the file it names ("" for none), then the names to look up.
+        const QList<QStringList> cases{{"org.gnome.Calculator", "", "org.gnome.Calculator"},
+                                       {"gvim.png", "", "gvim"}, // a stray extension
+                                       {"tool.SVGZ", "", "tool"},
+                                       {" /opt/app/icon.png ", "/opt/app/icon.png"},
+                                       {"icons/app.png", ""}, // a relative path names nothing
+                                       {".png", ""}};
+        for (const QStringList& c : cases) {
+            const EntryIcon icon = EntryIconName::fromIconValue(c[0]);
+            QCOMPARE(QStringList({c[0], icon.filePath}) + icon.names, c);
+        }
     }
 
     void iconsOfFiles()
