@@ -31,15 +31,10 @@ public:
         return m_source.loadIcon(request, error);
     }
 
-    void shut()
+    void setShut(bool shut)
     {
         QMutexLocker locker(&m_mutex);
-        m_shut = true;
-    }
-    void open()
-    {
-        QMutexLocker locker(&m_mutex);
-        m_shut = false;
+        m_shut = shut;
         m_opened.wakeAll();
     }
     // Waits (without running the main thread's events) until `count` loads have started.
@@ -106,10 +101,9 @@ inline DesktopIconSource::Settings settings(const TestEnvironment& env, const QS
     return settings;
 }
 
-inline std::shared_ptr<WatchedIconSource> install(const TestEnvironment& env,
-                                                  const QString& theme = "Papirus")
+inline std::shared_ptr<WatchedIconSource> install(const TestEnvironment& env)
 {
-    auto source = std::make_shared<WatchedIconSource>(settings(env, theme));
+    auto source = std::make_shared<WatchedIconSource>(settings(env));
     IconLoader::sharedIconLoader()->setIconSource(source);
     return source;
 }
