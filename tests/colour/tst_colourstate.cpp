@@ -10,15 +10,9 @@ namespace {
 // A colour as the analysis stores it. Counts are unique so that entries can be told apart.
 SpectrumColor colour(double hue, double saturation, double luminosity, quint64 count)
 {
-    SpectrumColor c;
-    const double radians = hue * M_PI / 180.0;
-    c.luv = {luminosity * 100.0, saturation * 100.0 * std::cos(radians),
-             saturation * 100.0 * std::sin(radians), 1.0};
-    c.count = count;
-    c.hue = hue;
-    c.saturation = saturation;
-    c.luminosity = luminosity;
-    return c;
+    const double radians = hue * M_PI / 180.0, chroma = saturation * 100.0;
+    const ColorQuad luv{luminosity * 100.0, chroma * std::cos(radians), chroma * std::sin(radians), 1.0};
+    return {luv, count, hue, saturation, luminosity};
 }
 
 HVColourState picked(std::vector<SpectrumColor> colours, IconParameters params = IconParameters())
