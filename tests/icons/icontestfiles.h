@@ -37,25 +37,18 @@ inline QByteArray svg(const QByteArray& width = "16", const QByteArray& height =
 // The first bytes of a PNG that claims `width` x `height` pixels (signature and a correct IHDR).
 inline QByteArray pngHeader(quint32 width, quint32 height)
 {
-    auto crc32 = [](const QByteArray& data) {
-        quint32 crc = 0xffffffffu;
-        for (const char byte : data) {
-            crc ^= quint8(byte);
-            for (int k = 0; k < 8; ++k)
-                crc = (crc >> 1) ^ (0xedb88320u & (0u - (crc & 1u)));
-        }
-        return ~crc;
-    };
-    QByteArray ihdr("IHDR");
-    quint32 be = qToBigEndian(width);
-    ihdr.append(reinterpret_cast<const char*>(&be), 4);
-    be = qToBigEndian(height);
-    ihdr.append(reinterpret_cast<const char*>(&be), 4);
-    ihdr.append("\x08\x06\x00\x00\x00", 5);
-    QByteArray bytes("\x89PNG\r\n\x1a\n", 8);
-    bytes.append("\x00\x00\x00\x0d", 4).append(ihdr);
-    be = qToBigEndian(crc32(ihdr));
-    bytes.append(reinterpret_cast<const char*>(&be), 4);
+    QByteArray ihdr = "IHDR" + QByteArray(13, '\0');
+    qToBigEndian(width, ihdr.data() + 4);
+    qToBigEndian(height, ihdr.data() + 8);
+    ihdr[12] = 8, ihdr[13] = 6; // 8 bits per sample, RGBA
+    quint32 crc = 0xffffffffu;
+    for (const char byte : ihdr) {
+        crc ^= quint8(byte);
+        for (int k = 0; k < 8; ++k)
+            crc = (crc >> 1) ^ (0xedb88320u & (0u - (crc & 1u)));
+    }
+    QByteArray bytes = QByteArray("\x89PNG\r\n\x1a\n\0\0\0\x0d", 12) + ihdr + QByteArray(4, '\0');
+    qToBigEndian(~crc, bytes.data() + 29);
     return bytes;
 }
 
