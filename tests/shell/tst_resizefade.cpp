@@ -20,8 +20,7 @@ private slots:
     void thePanelTakesItsNewSize()
     {
         QFETCH(bool, animated);
-        IconViewFixture f({{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta", "Eta", "Theta"}}, {"Beta"},
-                          {{"Alpha"}});
+        IconViewFixture f({{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta", "Eta", "Theta"}}, {"Beta"});
         f.defaults->setBool(animated, "animateWindowResizing");
         HVWindow panel(f.view.get(), f.defaults.get());
         f.defaults->setInteger(5, "groupToShowWhenWindowOpens");
