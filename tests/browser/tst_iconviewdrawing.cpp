@@ -109,11 +109,6 @@ private slots:
                  QPolygonF({QPointF(114, 0), QPointF(182, 0), QPointF(148, 12)}));
         besideBunch1.margin = 3; // the left margin is not across bunches side by side
         QVERIFY(HVBunchSeparators::marginMark(layout, besideBunch1).isEmpty());
-        // Stacked, the same gaps run across, top down; the top strip is edged along its lower side.
-        const HVIconLayout rows(1, false, {1, 1, 1}, {.groupOrientation = 1}, QSizeF(1200, 800));
-        QCOMPARE(HVBunchSeparators::linesForLayout(rows, 0),
-                 QList<QLineF>(
-                     {QLineF(12, 11.5, 80, 11.5), QLineF(12, 96.5, 80, 96.5), QLineF(12, 198.5, 80, 198.5)}));
     }
 
     void aMovedFavouriteMarksTheCellItWouldGoTo()
