@@ -43,7 +43,6 @@ private slots:
         QTest::mouseMove(f.view.get(), f.centreOf("Beta"));
         QVERIFY(longLabel.wait(4000));
         QCOMPARE(longLabel.count(), 1);
-        QVERIFY(f.overlay->showsLongLabel());
         QCOMPARE(f.overlay->labelText(), QString("Beta\n/apps"));
         // Off every app the label goes.
         QTest::mouseMove(f.view.get(), QPoint(f.centreOf("Beta").x(), 3));
