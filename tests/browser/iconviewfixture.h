@@ -86,17 +86,20 @@ public:
 class IconViewFixture
 {
 public:
+    // The list most tests show: a bunch of three apps and one of two.
+    static inline const QList<QStringList> FiveApps{{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}};
+
     // Bunches of app names; `excluded` and `favourites` name some of them.
-    explicit IconViewFixture(const QList<QStringList>& bunches, const QStringList& excluded = {},
+    explicit IconViewFixture(const QList<QStringList>& bunches = FiveApps, const QStringList& excluded = {},
                              const QList<QStringList>& favourites = {})
     {
         defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
         actions = std::make_shared<RecordingActions>();
         manager = std::make_unique<HVAppManager>(defaults.get(), nullptr, actions);
-        write(HVListFileNames::AllApplications, bunchesOf(bunches));
-        write(HVListFileNames::ExcludedApplications, paths(excluded));
+        write(HVListFileNames::AllApplications, bunches);
+        write(HVListFileNames::ExcludedApplications, {excluded}, true);
         if (!favourites.isEmpty())
-            write(HVListFileNames::UserApplications, bunchesOf(favourites));
+            write(HVListFileNames::UserApplications, favourites);
         manager->readAllAppsFromDisk();
         manager->readExcludedApps1DFromDisk();
         manager->readUserAppsFromDisk();
@@ -160,23 +163,16 @@ public:
     std::unique_ptr<HVAppManager> manager;
     std::unique_ptr<HVIconView> view;
 
-private:
-    static QVariantList paths(const QStringList& names)
+    // Writes a list file: the bunches given, or with `flat` their names as one list.
+    static void write(const QString& fileName, const QList<QStringList>& bunches, bool flat = false)
     {
-        QVariantList list;
-        for (const QString& name : names)
-            list.append(path(name));
-        return list;
-    }
-    static QVariantList bunchesOf(const QList<QStringList>& bunches)
-    {
-        QVariantList list;
-        for (const QStringList& bunch : bunches)
-            list.append(QVariant(paths(bunch)));
-        return list;
-    }
-    static void write(const QString& fileName, const QVariantList& array)
-    {
+        QVariantList array;
+        for (const QStringList& bunch : bunches) {
+            QVariantList paths;
+            for (const QString& name : bunch)
+                paths.append(path(name));
+            array.append(flat ? paths : QVariantList{QVariant(paths)});
+        }
         ListFileStore::writeArray(array, ListFileStore::userFolder() + "/" + fileName);
     }
 };

@@ -6,12 +6,10 @@ class TestIconViewLayout : public QObject
 {
     Q_OBJECT
 
-    static QList<QStringList> apps() { return {{"Alpha", "Beta", "Gamma"}, {"Delta", "Epsilon"}}; }
-
 private slots:
     void theViewTakesTheSizeOfItsGridAndSaysSo()
     {
-        IconViewFixture f(apps(), {}, {{"Alpha"}});
+        IconViewFixture f(IconViewFixture::FiveApps, {}, {{"Alpha"}});
         // (The panel following the size said is seen in tst_resizefade.)
         NotificationSpy resizing("N_SubviewNeedsResizing");
         f.showGroup(8);
@@ -35,7 +33,7 @@ private slots:
 
     void catalogueChangesLayOutOnlyTheGroupTheyConcern()
     {
-        IconViewFixture f(apps(), {}, {{"Alpha"}});
+        IconViewFixture f(IconViewFixture::FiveApps, {}, {{"Alpha"}});
         f.showGroup(1);
         NotificationSpy resizing("N_SubviewNeedsResizing");
         f.manager->removeAppsFromUserApps({f.app("Alpha")});
@@ -49,7 +47,7 @@ private slots:
 
     void layoutPreferencesLayOutAgain()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f;
         f.showGroup(1);
         NotificationSpy resizing("N_SubviewNeedsResizing");
         f.defaults->setInteger(200, "maximumIconSize");

@@ -67,7 +67,6 @@ private slots:
         // No name holds "saf ": the two left fade, and come back with the space deleted.
         const QRegion two = cellsOf(f, {"Safari", "Safe Box"});
         keystroke([&] { f.key(Qt::Key_Space, " "); }, two);
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("saf "));
         keystroke([&] { f.key(Qt::Key_Backspace, "\b"); }, two);
         keystroke([&] { f.key(Qt::Key_Escape, "\x1b"); }, QRegion(f.view->rect()));
         QCOMPARE(f.filtered().size(), 12);
@@ -75,7 +74,6 @@ private slots:
         // The wheel steps one letter at a time: z keeps nothing here, y neither.
         keystroke([&] { f.wheel(QPointF(0, 1.5)); }, QRegion(f.view->rect()));
         keystroke([&] { f.wheel(QPointF(0, 1.5)); }, QRegion());
-        QCOMPARE(f.view->filterSubstring(), QStringLiteral("y"));
     }
 
     void afterRepaintingPiecesTheScreenShowsWhatAWholeRepaintDraws()

@@ -83,11 +83,8 @@ private slots:
         QVERIFY(!f.key(Qt::Key_Exclam, "!"));
         QCOMPARE(f.view->filterSubstring(), QStringLiteral("s"));
 
-        // Escape clears the filter first, then lets the panel close; Command-period clears it too.
-        QVERIFY(f.key(Qt::Key_Escape, "\x1b"));
-        QCOMPARE(f.view->filterSubstring(), QString());
-        QVERIFY(!f.key(Qt::Key_Escape, "\x1b"));
-        f.type("t");
+        // Command-period clears the filter as Escape does (tst_iconviewrepainting; an Escape with no
+        // filter hides the panel in tst_shell).
         QVERIFY(f.key(Qt::Key_Period, ".", Qt::ControlModifier));
         QCOMPARE(f.view->filterSubstring(), QString());
         QVERIFY(!f.key(Qt::Key_S, "\x13", Qt::ControlModifier)); // chords never type
@@ -115,7 +112,6 @@ private slots:
         f.view->filterSubstringTimerFired();
         QVERIFY(f.key(Qt::Key_Return, "\r"));
         QCOMPARE(launches.count(), 2);
-        QCOMPARE(launches.at(1).at(0).value<HVAppRef>(), f.app("Terminal"));
         f.app("Terminal")->setPathIsValid(false);
         f.type("term");
         QTest::ignoreMessage(QtWarningMsg, "Invalid application path: /apps/Terminal.desktop");
@@ -133,8 +129,7 @@ private slots:
         for (int i = 0; i < 3; ++i)
             QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
         QCOMPARE(f.view->iconLayout().rowCount(), 1); // never fewer than one
-        QCOMPARE(f.view->iconLayout().colCount(), 6);
-        f.view->setGroupToShow(2); // a flat list has no rows to force
+        f.view->setGroupToShow(2);                    // a flat list has no rows to force
         QVERIFY(!f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
     }
 };

