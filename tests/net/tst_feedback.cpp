@@ -88,11 +88,10 @@ private slots:
         QVERIFY(!menu->feedbackAction()->isEnabled());
         controller->openFeedback();
         QCOMPARE(form(), first);
-        // Nothing to send until something is written.
-        QVERIFY(!control<QPushButton>("send")->isEnabled());
-        QVERIFY(!control<QPushButton>("saveReport")->isEnabled());
+        // Nothing to send or save until something is written: blanks are not enough.
         control<QPlainTextEdit>("message")->setPlainText("  \n ");
         QVERIFY(!control<QPushButton>("send")->isEnabled());
+        QVERIFY(!control<QPushButton>("saveReport")->isEnabled());
     }
 
     void postsWhatTheFormShows_data()
