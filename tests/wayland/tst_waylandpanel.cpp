@@ -138,7 +138,6 @@ private slots:
         QTRY_COMPARE(controller->iconView()->filterSubstring(), QStringLiteral("bet"));
         QVERIFY(QProcess::execute("xdotool", {"key", "Return"}) == 0);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(env.root() + "/launched-beta"), 10000);
-        QVERIFY(!QFile::exists(env.root() + "/launched-alpha"));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
     }
 
