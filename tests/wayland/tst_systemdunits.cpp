@@ -60,7 +60,8 @@ public:
     TestUserManager()
     {
         SystemdBus::registerTypes();
-        bus.registerObject(SystemdBus::ManagerPath, this, QDBusConnection::ExportAllSlots);
+        bus.registerObject(SystemdBus::ManagerPath, this,
+                           QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
     }
 
     void add(const QString& name)
@@ -72,12 +73,12 @@ public:
         unit.path = QDBusObjectPath(unitPath(name));
         unit.jobPath = QDBusObjectPath(QStringLiteral("/"));
         units.append(unit);
-        announce(QStringLiteral("UnitNew"), name);
+        emit UnitNew(name, unit.path);
     }
     void remove(const QString& name)
     {
         units.removeIf([&name](const SystemdBus::UnitStatus& unit) { return unit.name == name; });
-        announce(QStringLiteral("UnitRemoved"), name);
+        emit UnitRemoved(name, QDBusObjectPath(unitPath(name)));
     }
     // The unit stays loaded in another state, as a failed service does.
     void changeState(const QString& name, const QString& state)
@@ -90,6 +91,10 @@ public:
         signal << SystemdBus::UnitInterface << QVariantMap{{"ActiveState", state}} << QStringList();
         bus.send(signal);
     }
+
+signals:
+    void UnitNew(const QString& name, const QDBusObjectPath& path);
+    void UnitRemoved(const QString& name, const QDBusObjectPath& path);
 
 public slots:
     void Subscribe() { keep(); }
@@ -130,13 +135,6 @@ private:
     const QDBusObjectPath Job{"/org/freedesktop/systemd1/job/1"};
 
     void keep() { calls[message().member()].append(message()); }
-    void announce(const QString& signalName, const QString& name)
-    {
-        QDBusMessage signal =
-            QDBusMessage::createSignal(SystemdBus::ManagerPath, SystemdBus::ManagerInterface, signalName);
-        signal << name << QVariant::fromValue(QDBusObjectPath(unitPath(name)));
-        bus.send(signal);
-    }
 };
 
 QByteArray commandLine(qint64 pid)
