@@ -19,10 +19,8 @@ public:
     {
         listen(QHostAddress::LocalHost);
         connect(this, &QTcpServer::newConnection, this, [this] {
-            while (QTcpSocket* socket = nextPendingConnection()) {
-                socket->setParent(this);
+            while (QTcpSocket* socket = nextPendingConnection()) // a child of the server
                 connect(socket, &QTcpSocket::readyRead, this, [this, socket] { readFrom(socket); });
-            }
         });
     }
 
@@ -47,16 +45,12 @@ private:
         const qsizetype headerEnd = buffer.indexOf("\r\n\r\n");
         if (headerEnd < 0)
             return;
-        Request request;
-        const QList<QByteArray> lines = buffer.left(headerEnd).split('\n');
-        const QList<QByteArray> first = lines.first().trimmed().split(' ');
-        request.method = first.value(0);
-        request.path = first.value(1);
-        for (qsizetype i = 1; i < lines.size(); ++i) {
-            const qsizetype colon = lines[i].indexOf(':');
-            if (colon > 0)
-                request.headers[lines[i].left(colon).trimmed().toLower()] = lines[i].mid(colon + 1).trimmed();
-        }
+        QList<QByteArray> lines = buffer.left(headerEnd).split('\n');
+        const QList<QByteArray> first = lines.takeFirst().trimmed().split(' ');
+        Request request{first.value(0), first.value(1), {}, {}};
+        for (const QByteArray& line : std::as_const(lines))
+            if (const qsizetype colon = line.indexOf(':'); colon > 0)
+                request.headers[line.left(colon).trimmed().toLower()] = line.mid(colon + 1).trimmed();
         const qsizetype length = request.headers.value("content-length").toLongLong();
         if (buffer.size() < headerEnd + 4 + length)
             return;

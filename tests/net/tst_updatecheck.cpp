@@ -37,7 +37,6 @@ private slots:
         server.answer("/newer", 200, feedWith("1.10"));
         server.answer("/same", 200, feedWith("1.9"));
         server.answer("/older", 200, feedWith("1.8.3"));
-        server.answer("/malformed", 200, feedWith("1.10").left(90));
         server.answer("/noversion", 200, feedWith(""));
         server.answer("/gone", 404, "no such feed");
         server.answer("/huge", 200, QByteArray(HVUpdateCheck::MaximumFeedSize + 1, ' '));
@@ -54,9 +53,6 @@ private slots:
         QTest::newRow("newer") << QByteArray("/newer") << "1.10" << true << "";
         QTest::newRow("same") << QByteArray("/same") << "1.9" << false << "";
         QTest::newRow("older") << QByteArray("/older") << "1.8.3" << false << "";
-        QTest::newRow("malformed") << QByteArray("/malformed") << "" << false << "the feed is not valid XML";
-        QTest::newRow("no version") << QByteArray("/noversion") << "" << false
-                                    << "no release in the feed names";
         QTest::newRow("not found") << QByteArray("/gone") << "" << false << "the feed could not be read";
         QTest::newRow("huge") << QByteArray("/huge") << "" << false << "the feed is larger than";
         QTest::newRow("slow") << QByteArray("/slow") << "" << false << "the feed did not answer within 0.5";
@@ -87,24 +83,20 @@ private slots:
     // nimboctl updates prints what it found as JSON, or why it found nothing and fails.
     void nimboctlPrintsTheResult()
     {
-        for (const QByteArray path : {"/newer", "/malformed"}) {
+        const QJsonObject newer{{"current", NimboInfo::version()},
+                                {"latest", "1.10"},
+                                {"newer", true},
+                                {"url", "https://example.org/notes/1.10"}};
+        const QJsonObject failed{{"error", "no release in the feed names a version"}};
+        for (const auto& [path, exitCode, printed] :
+             {std::tuple("/newer", 0, newer), std::tuple("/noversion", 1, failed)}) {
             QProcess ctl;
             QSignalSpy done(&ctl, &QProcess::finished);
             ctl.start(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"),
                       {"updates", "--feed", server.url(path), "--timeout", "5"});
             QVERIFY(done.wait(20000)); // the server answers from this event loop
-            const QJsonObject printed = QJsonDocument::fromJson(ctl.readAllStandardOutput()).object();
-            if (path == "/newer") {
-                QCOMPARE(ctl.exitCode(), 0);
-                QCOMPARE(printed, (QJsonObject{{"current", NimboInfo::version()},
-                                               {"latest", "1.10"},
-                                               {"newer", true},
-                                               {"url", "https://example.org/notes/1.10"}}));
-            } else {
-                QCOMPARE(ctl.exitCode(), 1);
-                QVERIFY2(printed.value("error").toString().startsWith("the feed is not valid XML"),
-                         qPrintable(printed.value("error").toString()));
-            }
+            QCOMPARE(ctl.exitCode(), exitCode);
+            QCOMPARE(QJsonDocument::fromJson(ctl.readAllStandardOutput()).object(), printed);
         }
     }
 };

@@ -5,37 +5,26 @@
 #include <QMutex>
 #include <QStringList>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace LogCollector {
 
 inline QMutex lock;
-inline QStringList lines;
+inline QStringList collected;
 
+// Installed with qInstallMessageHandler().
 inline void collect(QtMsgType, const QMessageLogContext&, const QString& message)
 {
     const QMutexLocker locker(&lock);
-    lines << message;
+    collected << message;
     fprintf(stderr, "%s\n", qPrintable(message));
 }
 
-inline void install()
-{
-    qInstallMessageHandler(collect);
-}
-
-// How many lines so far satisfy `test`.
-template<typename Test>
-qsizetype count(Test test)
+// The lines so far, copied under the lock.
+inline QStringList lines()
 {
     const QMutexLocker locker(&lock);
-    return std::count_if(lines.cbegin(), lines.cend(), test);
-}
-
-inline qsizetype linesWith(const QString& text)
-{
-    return count([&text](const QString& line) { return line.contains(text); });
+    return collected;
 }
 
 } // namespace LogCollector
