@@ -1,8 +1,9 @@
 // Bad input under the scan folders: links that loop, pipes and devices named like entries,
 // an application name that is not UTF-8, a sparse 1 GB "entry", a folder of 100,000 entries,
 // unreadable folders and entries that vanish while the scan runs. The scan ends, finds exactly
-// the real applications and reads nothing it should not. Garbage, 1 MB entries, dangling links
-// and file names that are not UTF-8 are in the hostile tree the catalogue is compared with GIO on.
+// the real applications and reads nothing it should not. Garbage, 1 MB entries, dangling links,
+// links to folders that loop and file names that are not UTF-8 are in the hostile tree the
+// catalogue is compared with GIO on.
 #include "entrytree.h"
 #include "support/testenvironment.h"
 
@@ -67,14 +68,11 @@ private slots:
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
         const QString apps = env.dataHome() + "/applications";
-        QStringList expected{EntryTree::app(apps + "/good.desktop"),
-                             EntryTree::app(apps + "/sub/inner.desktop")};
-        EntryTree::link("..", apps + "/sub/up");
+        QStringList expected{EntryTree::app(apps + "/good.desktop")};
         EntryTree::link(apps + "/b.desktop", apps + "/a.desktop");
         EntryTree::link(apps + "/a.desktop", apps + "/b.desktop");
         QCOMPARE(::mkfifo(QFile::encodeName(apps + "/pipe.desktop").constData(), 0644), 0);
         EntryTree::link("/dev/zero", apps + "/zero.desktop");
-        EntryTree::link("/dev/null", apps + "/null.desktop");
         QFile huge(apps + "/huge.desktop"); // sparse: nothing is ever read from it
         QVERIFY(huge.open(QIODevice::WriteOnly) && huge.write(EntryTree::entry("Huge")) > 0 &&
                 huge.resize(qint64(1) << 30));
