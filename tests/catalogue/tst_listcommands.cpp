@@ -23,8 +23,7 @@ class TestListCommands : public QObject
 
     QString entry(const QString& id, const QString& name)
     {
-        return env.writeFile("data/applications/" + id + ".desktop",
-                             "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=true\n");
+        return env.writeFile("data/applications/" + id + ".desktop", EntryTree::entry(name.toUtf8()));
     }
 
     struct Run
@@ -42,11 +41,7 @@ class TestListCommands : public QObject
         process.waitForFinished();
         return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
     }
-    QJsonObject favourites()
-    {
-        const Run run = nimboctl({"favourites"});
-        return QJsonDocument::fromJson(run.out).object();
-    }
+    QJsonObject favourites() { return QJsonDocument::fromJson(nimboctl({"favourites"}).out).object(); }
     static QStringList strings(const QJsonValue& array)
     {
         QStringList list;
@@ -136,8 +131,7 @@ private slots:
     {
         // The favourite's old folder is gone; its record cannot read a name any more.
         const QString moved =
-            env.writeFile("data/elsewhere/org.example.Calc.desktop",
-                          "[Desktop Entry]\nType=Application\nName=Calculator\nExec=true\n");
+            env.writeFile("data/elsewhere/org.example.Calc.desktop", EntryTree::entry("Calculator"));
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults.setObject(EntryTree::folderList({QFileInfo(moved).absolutePath()}), "searchDirectories");
         ListFileStore::writeArray(
