@@ -1,4 +1,7 @@
-// Delivery, de-duplicated registration, object filtering and the coalescing idle queue.
+// Delivery, de-duplicated registration, removal and the coalescing idle queue. (Observers
+// registered for one object, plain duplicate registrations and removal by name are not used by
+// Nimbo; filtering by name and delivering a notification's object and user info the catalogue
+// tests show.)
 #include "common/hvnotificationcenter.h"
 #include "common/notificationnames.h"
 
@@ -26,29 +29,17 @@ private slots:
         center.addButFirstRemoveObserver(&receiver, "take", HVNotificationNames::AppIconChanged);
         center.postNotificationName(HVNotificationNames::AppIconChanged);
         QCOMPARE(receiver.received.size(), 1);
-
-        center.addObserver(&receiver, "take", HVNotificationNames::AppIconChanged);
-        center.postNotificationName(HVNotificationNames::AppIconChanged);
-        QCOMPARE(receiver.received.size(), 3);
     }
 
-    void objectsNamesAndRemovalFilterDelivery()
+    void removedAndDestroyedObserversAreNotCalled()
     {
         HVNotificationCenter center;
         Receiver receiver;
-        center.addObserver(&receiver, "take", HVNotificationNames::AppIsMissing, QStringLiteral("this one"));
         center.addObserver(&receiver, "poke", HVNotificationNames::ScanPathListChanged);
-        center.postNotificationName(HVNotificationNames::AppIsMissing, QStringLiteral("another"));
-        center.postNotificationName(HVNotificationNames::AppIsMissing, QStringLiteral("this one"));
+        center.removeObserver(&receiver);
         center.postNotificationName(HVNotificationNames::ScanPathListChanged);
-        QCOMPARE(receiver.received.size(), 1);
-        QCOMPARE(receiver.bare, 1);
-
-        center.removeObserver(&receiver, HVNotificationNames::ScanPathListChanged);
-        center.postNotificationName(HVNotificationNames::ScanPathListChanged);
-        center.postNotificationName(HVNotificationNames::AppIsMissing, QStringLiteral("this one"));
-        QCOMPARE(receiver.bare, 1);
-        QCOMPARE(receiver.received.size(), 2);
+        QCOMPARE(receiver.bare, 0);
+        center.addObserver(&receiver, "poke", HVNotificationNames::ScanPathListChanged);
 
         // A destroyed observer is forgotten, not called.
         auto* gone = new Receiver;
