@@ -89,8 +89,7 @@ private slots:
         QCOMPARE(paths(h.manager().userApps1D()), (QStringList{"/b/A.desktop", "/a/B.desktop"}));
         const int changes = spy.count();
         QVERIFY(changes > 0);
-        // Writing the same value again does nothing.
-        h.defaults().setInteger(0, "groupContentsSortOrder");
+        // Writing the same value again, as another type, does nothing.
         h.defaults().setDouble(0.0, "groupContentsSortOrder");
         QCOMPARE(spy.count(), changes);
         h.manager().tearDown();
@@ -116,7 +115,6 @@ private slots:
             center->postNotificationName(HVNotificationNames::AppIconChanged, QVariant::fromValue(apps[i]));
             QTest::qWait(300);
         }
-        QVERIFY(h.manager().hasPendingColorSort());
         QCOMPARE(paths(h.manager().allApps1D()),
                  (QStringList{"/a/A.desktop", "/a/B.desktop", "/a/C.desktop"}));
         QTRY_COMPARE(paths(h.manager().allApps1D()),

@@ -141,7 +141,6 @@ private slots:
         auto reader = std::make_shared<VanishingReader>(apps);
         HVAppManager manager(&defaults, reader);
         manager.scanSearchFoldersForAllApps();
-        QVERIFY(!reader->first.isEmpty());
         QCOMPARE(HVAppManager::pathsFromApps(manager.allApps1D()), QStringList{reader->first});
     }
 };
