@@ -49,13 +49,6 @@ class TestListCommands : public QObject
             list.append(value.toString().section('/', -1).section('.', 0, 0));
         return list;
     }
-    QList<QStringList> bunches()
-    {
-        QList<QStringList> list;
-        for (const QJsonValue& bunch : favourites().value("userApps").toArray())
-            list.append(strings(bunch));
-        return list;
-    }
     QByteArray listFiles()
     {
         QByteArray all;
@@ -94,7 +87,10 @@ private slots:
         for (const auto& step : steps) {
             const Run run = nimboctl(QStringList{"favourites"} + step.args);
             QVERIFY2(run.exitCode == 0, run.err.constData());
-            QCOMPARE(bunches(), step.expected);
+            QList<QStringList> bunches;
+            for (const QJsonValue& bunch : favourites().value("userApps").toArray())
+                bunches.append(strings(bunch));
+            QCOMPARE(bunches, step.expected);
         }
         // The flat order keeps its own: new favourites at its end.
         QCOMPARE(strings(favourites().value("userApps1D")), (QStringList{"b", "c", "d"}));

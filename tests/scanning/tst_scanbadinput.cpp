@@ -75,8 +75,7 @@ private slots:
         EntryTree::link("/dev/zero", apps + "/zero.desktop");
         QFile huge(apps + "/huge.desktop"); // sparse: nothing is ever read from it
         QVERIFY(huge.open(QIODevice::WriteOnly) && huge.write(EntryTree::entry("Huge")) > 0 &&
-                huge.resize(qint64(1) << 30));
-        huge.close();
+                huge.resize(qint64(1) << 30)); // the resize flushes what was written
         expected << EntryTree::write(apps + "/badname.desktop", EntryTree::entry("\xff\xfe\xfd"));
         EntryTree::app(apps + "/locked/in.desktop");
         QFile::setPermissions(apps + "/locked", QFileDevice::Permissions());
@@ -114,9 +113,8 @@ private slots:
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
         const QString apps = env.dataHome() + "/applications";
-        QVERIFY(QDir().mkpath(apps));
         QStringList expected;
-        for (int i = 0; i < 100000; ++i) {
+        for (int i = 0; i < 100000; ++i) { // the first entry makes the folder
             if (i % 1000 == 0)
                 expected << EntryTree::app(apps + QString("/app%1.desktop").arg(i));
             else // empty files, one in a hundred an entry file that says nothing
