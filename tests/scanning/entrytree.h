@@ -18,15 +18,6 @@ inline QByteArray entry(const QByteArray& name, const QByteArray& extra = QByteA
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=sh\n" + extra;
 }
 
-inline QString write(const QString& path, const QByteArray& contents)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(contents);
-    return path;
-}
-
 // For a name that need not be UTF-8, which QFile cannot give a file.
 inline bool writeNamedBytes(const QByteArray& name, const QByteArray& contents)
 {
@@ -36,6 +27,13 @@ inline bool writeNamedBytes(const QByteArray& name, const QByteArray& contents)
     if (fd >= 0)
         ::close(fd);
     return written;
+}
+
+inline QString write(const QString& path, const QByteArray& contents)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    writeNamedBytes(QFile::encodeName(path), contents);
+    return path;
 }
 
 inline QString app(const QString& path, const QByteArray& extra = QByteArray())

@@ -1,16 +1,15 @@
 // The catalogue against GIO on a hostile tree of more than 2,000 entries in three application
 // folders (the user's and two system ones): entries that do and do not show, garbage, invalid
 // UTF-8, 1 MB entries, links that dangle or loop, desktop IDs repeated across and within the
-// folders. With the default scan folders the catalogue (included plus excluded) must be
-// exactly what g_app_info_get_all() reports with g_app_info_should_show(), the same file for
-// every desktop ID, apart from what the scan leaves alone on purpose (named below).
+// folders. With the default scan folders the catalogue must be exactly what g_app_info_get_all()
+// reports with g_app_info_should_show(), the same file for every desktop ID, apart from what the
+// scan leaves alone on purpose (named below).
 // GIO's headers name a field "signals", which Qt defines as a keyword: they come first.
 #include <gio/gdesktopappinfo.h>
 
 #include "entrytree.h"
 #include "support/catalogueharness.h"
 
-#include "catalogue/listfilestore.h"
 #include "platform/gioentryreader.h"
 
 #include <QtTest>
@@ -21,15 +20,8 @@ class TestScanAgainstGio : public QObject
 
     std::unique_ptr<TestEnvironment> m_env;
     QStringList m_folders; // the three application folders, in scan order
-    int m_entryCount = 0;
 
-    QString folder(int f) const { return m_folders.at(f); }
-
-    void put(const QString& path, const QByteArray& contents)
-    {
-        EntryTree::write(path, contents);
-        ++m_entryCount;
-    }
+    static void put(const QString& path, const QByteArray& contents) { EntryTree::write(path, contents); }
 
     // The variety, chosen per folder so that one desktop ID shows in one folder and not in another.
     void writeVariant(const QString& path, int kind, int i)
@@ -72,12 +64,9 @@ class TestScanAgainstGio : public QObject
         case 18:
             EntryTree::link(
                 EntryTree::app(m_env->root() + "/outside/target" + QString::number(i) + ".desktop"), path);
-            ++m_entryCount;
             return;
         default:
             EntryTree::link(m_env->root() + "/nowhere/" + QString::number(i) + ".desktop", path);
-            ++m_entryCount;
-            return;
         }
     }
 
@@ -85,7 +74,7 @@ class TestScanAgainstGio : public QObject
     {
         static const char* const places[] = {"", "vendor%1/", "vendor%1/sub/", "vendor%1/sub/deeper/", ""};
         for (int f = 0; f < 3; ++f) {
-            const QString base = folder(f) + "/";
+            const QString base = m_folders.at(f) + "/";
             for (int i = 0; i < 700; ++i) {
                 QString place = QString::fromLatin1(places[(i / 20) % 5]);
                 place.replace("%1", QString::number(i % 3));
@@ -97,12 +86,9 @@ class TestScanAgainstGio : public QObject
             // Within one folder, the entry met last in the walk holds a repeated ID.
             put(base + "coll-x.desktop", EntryTree::entry("Top"));
             put(base + "coll/x.desktop", EntryTree::entry("Sub", f == 1 ? "Hidden=true\n" : ""));
-            // Names with spaces and beyond ASCII; files that are not entries.
+            // A name with spaces and beyond ASCII; entries whose file names are not an entry's.
             put(base + "Ünïcødé ✓ app.desktop", EntryTree::entry("Ünïcødé"));
-            put(base + "with space.desktop", EntryTree::entry("With space"));
-            put(base + "README", "not an entry");
             put(base + "app1.desktop~", EntryTree::entry("Backup"));
-            put(base + "app2.desktop.bak", EntryTree::entry("Backup"));
             put(base + "UPPER.DESKTOP", EntryTree::entry("Upper"));
             // What the scan leaves alone on purpose, although GIO shows it: hidden names,
             // ".framework" folders, entries more than three folders down, folders reached
@@ -119,56 +105,27 @@ class TestScanAgainstGio : public QObject
             EntryTree::link(m_env->root() + "/emptydir", base + "dirlink.desktop");
             QVERIFY(EntryTree::writeNamedBytes(QFile::encodeName(base) + "bad\xffname.desktop",
                                                EntryTree::entry("Bad")));
-            ++m_entryCount;
         }
-        // A hand-made masking ladder across the folders.
-        EntryTree::app(folder(0) + "/ladder-a.desktop");
-        EntryTree::app(folder(1) + "/ladder-a.desktop");
-        EntryTree::app(folder(1) + "/ladder-b.desktop");
-        EntryTree::app(folder(2) + "/ladder-b.desktop");
-        EntryTree::write(folder(0) + "/ladder-c.desktop", "garbage");
-        EntryTree::app(folder(2) + "/ladder-c.desktop");
-        EntryTree::app(folder(1) + "/ladder/d.desktop", "NoDisplay=true\n");
-        EntryTree::app(folder(2) + "/ladder-d.desktop");
-        EntryTree::app(folder(2) + "/ladder/e.desktop");
     }
 
-    // Where the scan deliberately differs from GIO's own walk.
+    // Where the scan deliberately differs from GIO's own walk, in the tree above: hidden names,
+    // ".framework" folders, more than three folders down, folders reached through links, names
+    // that are not UTF-8.
     bool scanLeavesAlone(const QString& path) const
     {
-        if (path.contains(QChar::ReplacementCharacter)) // the name is not UTF-8
-            return true;
-        for (const QString& base : m_folders) {
-            if (!path.startsWith(base + "/"))
-                continue;
-            const QStringList components = path.mid(base.size() + 1).split('/');
-            if (components.size() > 4) // more than three folders down
-                return true;
-            QString prefix = base;
-            for (int c = 0; c < components.size(); ++c) {
-                const QString& component = components.at(c);
-                prefix += "/" + component;
-                if (component.startsWith('.') ||
-                    (c + 1 < components.size() &&
-                     (QFileInfo(prefix).isSymLink() || component.endsWith(".framework"))))
-                    return true;
-            }
-            return false;
-        }
-        return true;
+        static const QRegularExpression leftAlone(
+            QStringLiteral("/\\.|\\.framework/|/a/b/c/d/|/linkeddir/|/loopy/up/|\uFFFD"));
+        return path.mid(m_env->root().size()).contains(leftAlone);
     }
 
-    static QStringList gioShownEntries(QStringList* all = nullptr)
+    static QStringList gioShownEntries()
     {
         QStringList shown;
         GList* infos = g_app_info_get_all();
         for (GList* item = infos; item; item = item->next) {
-            auto* info = G_DESKTOP_APP_INFO(item->data);
-            const QString path = QFile::decodeName(g_desktop_app_info_get_filename(info));
-            if (all)
-                all->append(path);
-            if (g_app_info_should_show(G_APP_INFO(info)))
-                shown.append(path);
+            if (g_app_info_should_show(G_APP_INFO(item->data)))
+                shown.append(
+                    QFile::decodeName(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(item->data))));
         }
         g_list_free_full(infos, g_object_unref);
         shown.sort();
@@ -186,29 +143,20 @@ private slots:
         qputenv("XDG_DATA_DIRS", (sys1 + ":" + sys2).toLocal8Bit());
         m_folders = {m_env->dataHome() + "/applications", sys1 + "/applications", sys2 + "/applications"};
         buildTree();
-        QVERIFY2(m_entryCount >= 2000, qPrintable(QString::number(m_entryCount)));
     }
 
     void catalogueIsWhatGioShows()
     {
         HVUserDefaults defaults(m_env->configHome() + "/Nimbo/Nimbo.conf");
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
-        const HVAppRef excluded = manager.appForPath(folder(1) + "/only1-3.desktop");
-        manager.excludeApp(excluded);
-        manager.rescanAllAppsPrioritizingGroup(HVAppGroupIncluded);
+        manager.scanSearchFoldersForAllApps();
         QCOMPARE(manager.allApps().size(), 3);
-
-        QStringList catalogue = HVAppManager::pathsFromApps(manager.includedApps1D());
-        for (const HVAppBunch& bunch : manager.excludedApps())
-            catalogue += HVAppManager::pathsFromApps(bunch);
-        QCOMPARE(HVAppManager::pathsFromApps(manager.excludedApps1D()), QStringList{excluded->path()});
+        QStringList catalogue = HVAppManager::pathsFromApps(manager.allApps1D());
         catalogue.sort();
 
-        QStringList everything;
-        const QStringList gio = gioShownEntries(&everything);
         QStringList expected;
         int leftAlone = 0;
-        for (const QString& path : gio) {
+        for (const QString& path : gioShownEntries()) {
             if (scanLeavesAlone(path))
                 ++leftAlone;
             else
@@ -217,16 +165,6 @@ private slots:
         QVERIFY2(expected.size() > 400, qPrintable(QString::number(expected.size())));
         QVERIFY(leftAlone > 40); // GIO did walk into the loop, the links, the hidden folders
         QCOMPARE(catalogue, expected);
-
-        // The ladder: the first folder that holds an ID keeps it, even when that entry does
-        // not show; within one folder the entry met last in the walk holds it.
-        QVERIFY(catalogue.contains(folder(0) + "/ladder-a.desktop"));
-        QVERIFY(!catalogue.contains(folder(1) + "/ladder-a.desktop"));
-        QVERIFY(catalogue.contains(folder(1) + "/ladder-b.desktop"));
-        QVERIFY(!catalogue.contains(folder(2) + "/ladder-c.desktop"));
-        QVERIFY(!catalogue.contains(folder(2) + "/ladder-d.desktop"));
-        QVERIFY(catalogue.contains(folder(2) + "/ladder/e.desktop"));
-        QVERIFY(!everything.contains(folder(1) + "/ladder-a.desktop")); // GIO does not even list it
     }
 };
 

@@ -1,8 +1,9 @@
 // Bad input under the scan folders: links that loop, pipes and devices named like entries,
 // an application name that is not UTF-8, a sparse 1 GB "entry", a folder of 100,000 entries,
 // unreadable folders and entries that vanish while the scan runs. The scan ends, finds exactly
-// the real applications and reads nothing it should not. Garbage, 1 MB entries, dangling links
-// and file names that are not UTF-8 are in the hostile tree the catalogue is compared with GIO on.
+// the real applications and reads nothing it should not. Garbage, 1 MB entries, dangling links,
+// links to folders that loop and file names that are not UTF-8 are in the hostile tree the
+// catalogue is compared with GIO on.
 #include "entrytree.h"
 #include "support/testenvironment.h"
 
@@ -67,18 +68,14 @@ private slots:
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
         const QString apps = env.dataHome() + "/applications";
-        QStringList expected{EntryTree::app(apps + "/good.desktop"),
-                             EntryTree::app(apps + "/sub/inner.desktop")};
-        EntryTree::link("..", apps + "/sub/up");
+        QStringList expected{EntryTree::app(apps + "/good.desktop")};
         EntryTree::link(apps + "/b.desktop", apps + "/a.desktop");
         EntryTree::link(apps + "/a.desktop", apps + "/b.desktop");
         QCOMPARE(::mkfifo(QFile::encodeName(apps + "/pipe.desktop").constData(), 0644), 0);
         EntryTree::link("/dev/zero", apps + "/zero.desktop");
-        EntryTree::link("/dev/null", apps + "/null.desktop");
         QFile huge(apps + "/huge.desktop"); // sparse: nothing is ever read from it
         QVERIFY(huge.open(QIODevice::WriteOnly) && huge.write(EntryTree::entry("Huge")) > 0 &&
-                huge.resize(qint64(1) << 30));
-        huge.close();
+                huge.resize(qint64(1) << 30)); // the resize flushes what was written
         expected << EntryTree::write(apps + "/badname.desktop", EntryTree::entry("\xff\xfe\xfd"));
         EntryTree::app(apps + "/locked/in.desktop");
         QFile::setPermissions(apps + "/locked", QFileDevice::Permissions());
@@ -95,8 +92,7 @@ private slots:
         QCOMPARE(manager.allApps().size(), 1);
         QCOMPARE(sortedPaths(manager.allApps1D()), expected);
         // A name that is not valid UTF-8 falls back to the file name.
-        const HVAppRef badName = manager.appForPath(apps + "/badname.desktop");
-        QCOMPARE(badName->name(), QString("badname"));
+        QCOMPARE(manager.appForPath(apps + "/badname.desktop")->name(), QString("badname"));
 
         // Search words: keywords, generic name and the program past an env prefix, in lower
         // case; keywords that are not UTF-8 and an Exec line the shell cannot parse give nothing.
@@ -117,9 +113,8 @@ private slots:
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
         HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
         const QString apps = env.dataHome() + "/applications";
-        QVERIFY(QDir().mkpath(apps));
         QStringList expected;
-        for (int i = 0; i < 100000; ++i) {
+        for (int i = 0; i < 100000; ++i) { // the first entry makes the folder
             if (i % 1000 == 0)
                 expected << EntryTree::app(apps + QString("/app%1.desktop").arg(i));
             else // empty files, one in a hundred an entry file that says nothing
@@ -143,7 +138,6 @@ private slots:
         auto reader = std::make_shared<VanishingReader>(apps);
         HVAppManager manager(&defaults, reader);
         manager.scanSearchFoldersForAllApps();
-        QVERIFY(!reader->first.isEmpty());
         QCOMPARE(HVAppManager::pathsFromApps(manager.allApps1D()), QStringList{reader->first});
     }
 };
