@@ -1,7 +1,7 @@
 // The typed filter text in large letters over its shadow, drawn once into an image and kept
 // until the text, font, colour, size or pixel density changes. Large glyphs are filled as paths
-// on every draw, and the text is drawn four times (three shadow copies and the text itself), so
-// drawing them afresh for every repaint under a keystroke or a fade frame would be costly.
+// on every draw, and the shadow is three offset copies of the text, so drawing them afresh for
+// every repaint under a fade frame would be costly; a keystroke renders the text once.
 #pragma once
 
 #include <QColor>

@@ -2,7 +2,10 @@
 // longer label once the pointer rests, and the typed filter that fades after the pause.
 #include "iconviewfixture.h"
 
+#include "browser/filtertextimage.h"
 #include "browser/hviconoverlayview.h"
+
+#include <QPainter>
 
 class OverlayFixture : public IconViewFixture
 {
@@ -102,6 +105,44 @@ private slots:
         QVERIFY(faded.wait(4000));
         QCOMPARE(f.overlay->filterString(), QString());
         QCOMPARE(f.overlay->grab().toImage(), clear);
+    }
+
+    // The typed text is composed pixel by pixel; it must look as the text drawn over three shadow
+    // copies offset right and down, at any pixel density and in either colour.
+    void theFilterTextLooksAsDrawnOverItsShadowCopies()
+    {
+        QFont font;
+        font.setPixelSize(72);
+        const QSizeF box(150, 96);
+        for (const qreal ratio : {1.0, 2.0}) {
+            for (const QColor& colour : {QColor(Qt::white), QColor(Qt::black)}) {
+                const QColor shadow(colour == Qt::white ? QColor(0, 0, 0, 90) : QColor(255, 255, 255, 90));
+                FilterTextImage composed;
+                const QImage image = composed.image("Wq", {font, colour, shadow}, box, ratio);
+                QImage expected(image.size(), QImage::Format_ARGB32_Premultiplied);
+                expected.setDevicePixelRatio(ratio);
+                expected.fill(Qt::transparent);
+                QPainter painter(&expected);
+                painter.setFont(font);
+                for (const auto& [offset, pen] : {std::pair{QPointF(2, 2), shadow},
+                                                  {QPointF(3, 3), shadow},
+                                                  {QPointF(1, 3), shadow},
+                                                  {QPointF(0, 0), colour}}) {
+                    painter.setPen(pen);
+                    painter.drawText(QRectF(offset, box), Qt::AlignCenter, "Wq");
+                }
+                painter.end();
+                int worst = 0;
+                for (int y = 0; y < image.height(); ++y)
+                    for (int x = 0; x < image.width(); ++x)
+                        for (const int shift : {0, 8, 16, 24})
+                            worst = std::max(worst, std::abs(int(image.pixel(x, y) >> shift & 0xff) -
+                                                             int(expected.pixel(x, y) >> shift & 0xff)));
+                QVERIFY2(
+                    worst <= 2,
+                    qPrintable(QString("ratio %1 %2: off by %3").arg(ratio).arg(colour.name()).arg(worst)));
+            }
+        }
     }
 
     void anAppThatDisappearsUnderThePointerIsDrawnSafely()
