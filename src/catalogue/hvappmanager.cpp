@@ -143,11 +143,6 @@ int HVAppManager::groupForAppArray(const HVAppArray& array) const
     return HVAppGroupNone;
 }
 
-int HVAppManager::allAppsTotalCount() const
-{
-    return HVAppArray(&m_allApps).count();
-}
-
 namespace {
 int longestBunch(const HVAppBunches& bunches)
 {
@@ -157,11 +152,6 @@ int longestBunch(const HVAppBunches& bunches)
     return longest;
 }
 } // namespace
-
-int HVAppManager::allAppsLongestArrayCount() const
-{
-    return longestBunch(m_allApps);
-}
 
 int HVAppManager::includedAppsLongestArrayCount() const
 {

@@ -94,8 +94,6 @@ public:
     HVAppArray appArrayForGroup(int group) const;
     int groupForAppArray(const HVAppArray& array) const;
 
-    int allAppsTotalCount() const;
-    int allAppsLongestArrayCount() const;
     int includedAppsLongestArrayCount() const;
 
     // Conversions between records and paths.
@@ -123,7 +121,6 @@ public:
     void rebuildUserApps1D();
     void rebuildDependentApps();
     void rebuildEverythingSet();
-    void removeAppsFromAllArrays(const HVAppBunch& apps);
     void removeAppsFromUserApps(const HVAppBunch& apps);
     void locateUserApps();
     HVAppRef bestMatchForApp(const HVAppRef& app, const HVAppArray& array) const;

@@ -124,26 +124,6 @@ void HVAppManager::rebuildDependentApps()
     }
 }
 
-void HVAppManager::removeAppsFromAllArrays(const HVAppBunch& apps)
-{
-    if (!std::any_of(apps.begin(), apps.end(),
-                     [this](const HVAppRef& app) { return m_everythingSet.contains(app); }))
-        return;
-    const QSet<HVAppRef> gone = setOf(apps);
-    auto removeFrom = [&](HVAppBunches& bunches, HVAppBunch& flat, const QString& key, const QString& key1D) {
-        if (!sharesAny(flat, apps))
-            return;
-        HVListChange change(this, {key, key1D});
-        removeFromBunches(bunches, gone, false);
-        flat.removeIf([&](const HVAppRef& app) { return gone.contains(app); });
-    };
-    removeAppsFromUserApps(apps);
-    removeFrom(m_allApps, m_allApps1D, HVAppListKeys::AllApps, HVAppListKeys::AllApps1D);
-    removeFrom(m_includedApps, m_includedApps1D, HVAppListKeys::IncludedApps, HVAppListKeys::IncludedApps1D);
-    removeFrom(m_excludedApps, m_excludedApps1D, HVAppListKeys::ExcludedApps, HVAppListKeys::ExcludedApps1D);
-    rebuildEverythingSet();
-}
-
 void HVAppManager::removeAppsFromUserApps(const HVAppBunch& apps)
 {
     if (!sharesAny(m_userApps1D, apps))

@@ -19,15 +19,6 @@ HVColourState::setColorSortParameters(const IconParameters& params, const QImage
     return applyParameters(params, icon, appName, &analysedColors);
 }
 
-std::optional<std::vector<SpectrumColor>>
-HVColourState::dominantColorsOfIcon(const QImage& icon, float colorfulness, float lightness)
-{
-    if (icon.isNull())
-        return std::nullopt;
-    return HVImageExtras::bitmapImageRep(icon).createDominantColorsWithCount(
-        RequestedColorCount, colorfulness, lightness, MergeDeltaE);
-}
-
 ColorSortWork HVColourState::applyParameters(const IconParameters& params, const QImage& icon,
                                              const QString& appName,
                                              const std::optional<std::vector<SpectrumColor>>* analysedColors)

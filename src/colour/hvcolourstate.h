@@ -43,16 +43,11 @@ public:
     // null image) clears the colour data. `appName` names the record in log lines.
     ColorSortWork setColorSortParameters(const IconParameters& params, const QImage& icon,
                                          const QString& appName);
-    // The same, with the icon's dominant colours already found (on a loading thread, with
-    // dominantColorsOfIcon) for params.colorfulness and params.lightness: when an analysis is due
-    // they are taken instead of analysing the icon here.
+    // The same, with the icon's dominant colours already found (on a loading thread) for params.colorfulness
+    // and params.lightness: when an analysis is due they are taken instead of analysing the icon here.
     ColorSortWork setColorSortParameters(const IconParameters& params, const QImage& icon,
                                          const QString& appName,
                                          const std::optional<std::vector<SpectrumColor>>& analysedColors);
-    // The analysis itself: the icon's dominant colours (6 asked for, deltaE 50), no value when it
-    // fails. Safe on any thread.
-    static std::optional<std::vector<SpectrumColor>>
-    dominantColorsOfIcon(const QImage& icon, float colorfulness, float lightness);
     // Drops the colours: none, 6 to ask for, no display list, value 10.0.
     void freeColorSortData();
     // The sort value and display list from the stored colours.

@@ -18,10 +18,6 @@ struct HVGridGeometry
     // The view for `rows` x `columns` cells with the margins, spacing and bunch gaps; a zero size
     // (the view keeps the size it has) for a non-positive cell or fewer than one row or column.
     QSizeF viewSizeForCellSize(const QSizeF& cellSize, int rows, int columns) const;
-
-    // The largest whole cell of a view of that size; a zero size for bad input and for views
-    // without bunch gaps (orientation other than 1 and 2).
-    QSizeF cellSizeForViewSize(const QSizeF& viewSize, int rows, int columns) const;
 };
 
 // The view's geometry is worked out with y pointing up from the lower left; on screen the same

@@ -206,11 +206,6 @@ QSizeF HVIconLayout::viewSizeForCellSize(const QSizeF& cellSize, int rows, int c
     return geometry().viewSizeForCellSize(cellSize, rows, columns);
 }
 
-QSizeF HVIconLayout::cellSizeForViewSize(const QSizeF& viewSize, int rows, int columns) const
-{
-    return geometry().cellSizeForViewSize(viewSize, rows, columns);
-}
-
 int HVIconLayout::bunchSpacingForCellWidth(double cellWidth) const
 {
     return HVGridGeometry::bunchSpacingForCellWidth(cellWidth);

@@ -65,7 +65,6 @@ public:
     Coords coordsOfApp(quint64 bunch, quint64 index) const;
 
     QSizeF viewSizeForCellSize(const QSizeF& cellSize, int rows, int columns) const;
-    QSizeF cellSizeForViewSize(const QSizeF& viewSize, int rows, int columns) const;
     int bunchSpacingForCellWidth(double cellWidth) const;
     int cellPaddingForIconWidth(int) const { return m_preferences.iconPadding; }
 
