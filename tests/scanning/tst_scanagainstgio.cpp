@@ -145,6 +145,13 @@ private slots:
         buildTree();
     }
 
+    // The temporary folder cannot remove a name that is not UTF-8 by itself.
+    void cleanupTestCase()
+    {
+        for (const QString& folder : m_folders)
+            ::unlink(QFile::encodeName(folder + "/").append("bad\xffname.desktop").constData());
+    }
+
     void catalogueIsWhatGioShows()
     {
         HVUserDefaults defaults(m_env->configHome() + "/Nimbo/Nimbo.conf");
