@@ -7,6 +7,7 @@
 // the applications named by the words typed into it and the desktop's favourites; the app remover
 // chooser takes only an application that opens appstream:// links and refuses any other.
 #include "desktopfixture.h"
+#include "support/catalogueharness.h"
 
 #include "browser/hviconview.h"
 #include "catalogue/hvapp.h"
@@ -47,11 +48,6 @@ public:
     }
     int count = 0;
 };
-
-void click(QWidget* widget)
-{
-    QTest::mouseClick(widget, Qt::LeftButton);
-}
 } // namespace
 
 class TestPreferences : public QObject
@@ -63,20 +59,15 @@ class TestPreferences : public QObject
     HVController* controller = nullptr;
 
     HVPreferencesWindow* window() { return controller->preferences()->window(); }
+    // A control of the window; a missing one is null, and the test crashes on it.
     template<typename T>
     T* control(const char* name)
     {
-        T* found = window()->findChild<T*>(QString::fromLatin1(name));
-        Q_ASSERT(found);
-        return found;
+        return window()->findChild<T*>(QString::fromLatin1(name));
     }
     QStringList excludedNames() const
     {
-        QStringList names;
-        for (const HVAppRef& app : controller->appManager()->excludedApps1D())
-            names.append(app->name());
-        names.sort();
-        return names;
+        return CatalogueHarness::names(controller->appManager()->excludedApps1D());
     }
 
 private slots:
@@ -173,14 +164,7 @@ private slots:
         window()->folders()->setSelectionIndexes({});
         window()->folders()->openPanelDidEnd({folder}, 1); // the folder dialog's answer
         QCOMPARE(defaults->arrayForKey("searchDirectories").first().toMap().value("path").toString(), folder);
-        const auto catalogued = [this](const QString& path) {
-            for (const HVAppBunch& bunch : controller->appManager()->allApps())
-                for (const HVAppRef& app : bunch)
-                    if (app->path() == path)
-                        return true;
-            return false;
-        };
-        QTRY_VERIFY(catalogued(folder + "/Extra.desktop"));
+        QTRY_VERIFY(HVAppManager::pathsFromApps(catalogue->allApps1D()).contains(folder + "/Extra.desktop"));
         QTest::qWait(500);
         QCOMPARE(scans.count, 1);
         // A folder that has gone is shown as such and skipped.
@@ -241,8 +225,8 @@ private slots:
         QTest::keyClick(words, Qt::Key_Return);
         QTest::keyClick(words, Qt::Key_Return);
         QTest::keyClicks(words, "EYES  ");
-        click(sheet->findChild<QCheckBox*>("excludeDockApps"));
-        click(sheet->findChild<QPushButton*>("excludeApps"));
+        sheet->findChild<QCheckBox*>("excludeDockApps")->click();
+        sheet->findChild<QPushButton*>("excludeApps")->click();
         QCOMPARE(excludedNames(), QStringList({"Clock", "Eyes", "Terminal"}));
         QVERIFY(!sheet->isVisible());
 
@@ -251,7 +235,7 @@ private slots:
         QCOMPARE(words->toPlainText(), "clock\nEYES");
         words->clear();
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no words given"));
-        click(sheet->findChild<QPushButton*>("excludeApps"));
+        sheet->findChild<QPushButton*>("excludeApps")->click();
         QCOMPARE(excludedNames(), QStringList({"Clock", "Eyes", "Terminal"}));
         // The sheet goes with the panel.
         controller->autoExcludeApps();
@@ -263,7 +247,7 @@ private slots:
     void theRemoverChooserTakesOnlyAnAppstreamHandler()
     {
         controller->openPrefs();
-        click(control<QPushButton>("setAppRemover"));
+        control<QPushButton>("setAppRemover")->click();
         HVRemoverChooser* chooser = window()->removerChooser();
         QTRY_VERIFY(chooser->isVisible());
         QListWidget* list = chooser->list();
@@ -271,7 +255,7 @@ private slots:
             const QList<QListWidgetItem*> items = list->findItems(name, Qt::MatchExactly);
             QCOMPARE(items.size(), 1);
             list->setCurrentItem(items.first());
-            click(chooser->findChild<QPushButton*>("chooseAppRemover"));
+            chooser->findChild<QPushButton*>("chooseAppRemover")->click();
         };
 
         choose("Clock");

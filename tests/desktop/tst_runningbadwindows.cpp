@@ -74,14 +74,6 @@ private:
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen = nullptr;
 };
-
-QStringList pathsOf(const QList<RunningApplication>& apps)
-{
-    QStringList paths;
-    for (const RunningApplication& app : apps)
-        paths.append(app.path);
-    return paths;
-}
 } // namespace
 
 class TestRunningBadWindows : public QObject
@@ -95,9 +87,14 @@ private:
     RawWindows m_windows;
     std::unique_ptr<X11RunningApps> m_tracker;
     QString m_classy, m_skippy, m_docky, m_loopy, m_late;
-    xcb_window_t m_main = XCB_WINDOW_NONE;
 
-    QStringList running() const { return pathsOf(m_tracker->runningApplications()); }
+    QStringList running() const
+    {
+        QStringList paths;
+        for (const RunningApplication& app : m_tracker->runningApplications())
+            paths.append(app.path);
+        return paths;
+    }
     // A later window shows that the tracker has read those before it: only it is added, and when
     // it goes the classy application alone runs again.
     void settle()
@@ -124,10 +121,10 @@ private slots:
     // process does not count. A dialog counts for the window it belongs to, not as an application.
     void windowsWithoutAProcessAndDialogs()
     {
-        m_main = m_windows.mapped("NimboClassy");
+        const xcb_window_t main = m_windows.mapped("NimboClassy");
         m_windows.mapped("NimboNobody");
         const xcb_window_t dialog = m_windows.create("NimboNobodyDialog");
-        m_windows.setTransientFor(dialog, m_main);
+        m_windows.setTransientFor(dialog, main);
         m_windows.setAtoms(dialog, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DIALOG"});
         m_windows.map(dialog);
         QTRY_COMPARE(m_tracker->windowsOfApplication(m_classy).size(), 2);

@@ -50,24 +50,22 @@ private:
     QStringList m_items;
 };
 
-// One entry of a com.canonical.dbusmenu layout: (id, properties, children).
-struct MenuNode
+// The id of the item labelled so in a com.canonical.dbusmenu layout (id, properties, children); -1 if none.
+int itemLabelled(const QDBusArgument& layout, const QString& label)
 {
     int id = 0;
     QVariantMap properties;
-    QList<MenuNode> children;
-};
-
-MenuNode readMenuNode(const QDBusArgument& argument)
-{
-    MenuNode node;
     QVariantList children;
-    argument.beginStructure();
-    argument >> node.id >> node.properties >> children;
-    argument.endStructure();
-    for (const QVariant& child : children)
-        node.children.append(readMenuNode(child.value<QDBusArgument>()));
-    return node;
+    layout.beginStructure();
+    layout >> id >> properties >> children;
+    layout.endStructure();
+    if (properties.value("label").toString() == label)
+        return id;
+    for (const QVariant& child : children) {
+        if (const int found = itemLabelled(child.value<QDBusArgument>(), label); found >= 0)
+            return found;
+    }
+    return -1;
 }
 
 // Waits for a D-Bus call while the main thread keeps serving Nimbo's side of it.
@@ -89,12 +87,7 @@ class Beneath : public QWidget
 {
 public:
     int presses = 0;
-    Beneath() : QWidget(nullptr, Qt::FramelessWindowHint)
-    {
-        setGeometry(0, 0, 200, 200);
-        setAutoFillBackground(true);
-        setPalette(QPalette(Qt::green));
-    }
+    Beneath() : QWidget(nullptr, Qt::FramelessWindowHint) { setGeometry(0, 0, 200, 200); }
 
 protected:
     void mousePressEvent(QMouseEvent*) override { ++presses; }
@@ -134,14 +127,6 @@ class TestTriggers : public QObject
             .variant()
             .value<QDBusObjectPath>()
             .path();
-    }
-    QList<MenuNode> exportedMenu()
-    {
-        const QDBusMessage reply =
-            await(callItem(menuPath(), "com.canonical.dbusmenu", "GetLayout", {0, -1, QStringList()}));
-        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 2)
-            return {};
-        return readMenuNode(reply.arguments().at(1).value<QDBusArgument>()).children;
     }
 
     QString autostart() const { return env.configHome() + "/autostart/com.halvorndesign.Nimbo.desktop"; }
@@ -226,11 +211,11 @@ private slots:
     {
         // Choosing the shared status menu's rescan, as the tray host shows it, runs a scan: the
         // tray image and the taskbar entry follow it.
-        int rescan = -1;
-        for (const MenuNode& node : exportedMenu()) {
-            if (node.properties.value("label").toString() == "Rescan Applications")
-                rescan = node.id;
-        }
+        const QDBusMessage layout =
+            await(callItem(menuPath(), "com.canonical.dbusmenu", "GetLayout", {0, -1, QStringList()}));
+        QCOMPARE(layout.arguments().size(), 2);
+        const int rescan =
+            itemLabelled(layout.arguments().at(1).value<QDBusArgument>(), "Rescan Applications");
         QVERIFY(rescan > 0);
         newIcons = 0;
         launcherUpdates.clear();
