@@ -90,9 +90,6 @@ public:
         return arguments;
     }
 
-    // The session's environment as the launched programs are to get it.
-    static QStringList environment() { return QProcess::systemEnvironment(); }
-
     // Nimbo's preferences in these folders.
     HVUserDefaults& defaults()
     {

@@ -60,7 +60,7 @@ private slots:
         m_defaults = std::make_unique<HVUserDefaults>(m_fixture.env().configHome() + "/Nimbo/Nimbo.conf");
         m_manager = std::make_unique<HVAppManager>(
             m_defaults.get(), std::make_shared<GioEntryReader>(),
-            std::make_shared<DesktopAppActions>(m_tracker, m_launched, DesktopFixture::environment()));
+            std::make_shared<DesktopAppActions>(m_tracker, m_launched, QProcess::systemEnvironment()));
         m_manager->setRunningAppsSource(m_tracker.get());
     }
 

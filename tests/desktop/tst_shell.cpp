@@ -19,22 +19,19 @@
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
 
-// Notes the size a widget has when it is first shown.
+// Notes the size of the widget it watches when that is first shown.
 class ShowWatch : public QObject
 {
 public:
-    ShowWatch(QWidget* widget, QSize* size) : m_size(size) { widget->installEventFilter(this); }
+    QSize size;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Show && !m_size->isValid())
-            *m_size = static_cast<QWidget*>(watched)->size();
+        if (event->type() == QEvent::Show && !size.isValid())
+            size = static_cast<QWidget*>(watched)->size();
         return false;
     }
-
-private:
-    QSize* m_size;
 };
 } // namespace
 
@@ -52,18 +49,21 @@ private slots:
     {
         desktop.writeEntry("clock.desktop", "Name=Clock\nExec=xclock\n");
         desktop.writeEntry("eyes.desktop", "Name=Eyes\nExec=xeyes\n");
-        desktop.writeEntry("terminal.desktop", "Name=Terminal\nExec=xterm\n");
+        // The terminal stands in for any application: it records its launch.
+        const QByteArray record = QFile::encodeName(desktop.recordFile("terminal"));
+        desktop.writeEntry("terminal.desktop",
+                           "Name=Terminal\nExec=" NIMBO_ARGV_RECORDER " --no-window " + record);
         defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
         controller = std::make_unique<HVController>(defaults);
         controller->awakeFromNib();
         controller->applicationWillFinishLaunching();
-        QSize shownAt;
-        ShowWatch watch(panel(), &shownAt);
+        ShowWatch shown;
+        panel()->installEventFilter(&shown);
         controller->applicationDidFinishLaunching();
         // The panel opens at launch, centred on the screen, with the catalogue already in it:
         // it does not open small and empty and then grow.
         QTRY_VERIFY(controller->mainWindowIsVisible());
-        QCOMPARE(shownAt, panel()->size());
+        QCOMPARE(shown.size, panel()->size());
         QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY(qAbs(panel()->geometry().center().x() - screen.center().x()) <= 1);
@@ -122,8 +122,6 @@ private slots:
         QTRY_VERIFY(panel()->isActiveWindow());
         QVERIFY(xdotool({"key", "Tab"}));
         QTRY_COMPARE(controller->iconView()->groupToShow(), 8);
-        QVERIFY(xdotool({"key", "shift+Tab"}));
-        QTRY_COMPARE(controller->iconView()->groupToShow(), 1);
         const QPoint close = panel()->controls()->closeButton()->mapToGlobal(QPoint(9, 9));
         QVERIFY(xdotool({"mousemove", QString::number(close.x()), QString::number(close.y()), "click", "1"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
@@ -141,11 +139,7 @@ private slots:
         // Hidden as Escape hides it: the group remembered, the filter gone for the next showing.
         QCOMPARE(defaults->integerForKey("groupShownWhenWindowClosed"), 1);
         QCOMPARE(controller->iconView()->filterSubstring(), QString());
-        QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
-        const HVAppRef terminal = controller->appManager()->appForPath(desktop.entryPath("terminal"));
-        QTRY_VERIFY(controller->appManager()->isAppRunning(terminal));
-        controller->appManager()->quitApp(terminal);
-        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
+        QCOMPARE(DesktopFixture::recordedArguments(desktop.recordFile("terminal")), QList<QByteArray>());
     }
 
     void theGroupShownLastIsRemembered()
