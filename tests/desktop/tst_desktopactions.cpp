@@ -98,7 +98,6 @@ private slots:
         writeRecorderEntry("nimbotest-paths.desktop", m_fixture.recordFile("paths"), "%F", inDrops);
         writeRecorderEntry("nimbotest-uris.desktop", m_fixture.recordFile("uris"), "%U",
                            inDrops + "X-GIO-NoFuse=true\n");
-        writeRecorderEntry("nimbotest-localuris.desktop", m_fixture.recordFile("localuris"), "%U", inDrops);
         writeRecorderEntry(QStringLiteral("nimbotest-folders.desktop"), m_fixture.recordFile("folder"), "%U",
                            "MimeType=inode/directory;\n");
         m_fixture.env().writeFile(QStringLiteral("config/mimeapps.list"),
@@ -117,14 +116,13 @@ private slots:
     }
 
     // Every name arrives as one argument of its own, exactly as it is: with %F as a path, with %U
-    // as the URI it was dropped as (GIO hands local files to %U as paths too, unless the entry
-    // says X-GIO-NoFuse); nothing on the way is a shell.
+    // (and X-GIO-NoFuse, without which GIO turns local URIs into paths as for %F) as the URI it was
+    // dropped as; nothing on the way is a shell.
     void launchingWithFilesPassesHostileNamesIntact_data()
     {
         QTest::addColumn<bool>("asUris");
         QTest::newRow("paths") << false;
         QTest::newRow("uris") << true;
-        QTest::newRow("localuris") << false;
     }
     void launchingWithFilesPassesHostileNamesIntact()
     {

@@ -58,7 +58,7 @@ private slots:
     {
         m_source->apps = {{"/a/B.desktop", {}, {}}, {"/a/A.desktop", {}, {}}};
         m_source->active = "/a/A.desktop";
-        QSignalSpy changes(m_manager.get(), &HVAppManager::didChange);
+        QSignalSpy changes(&manager(), &HVAppManager::didChange);
         manager().setRunningAppsSource(m_source.get());
         QCOMPARE(pathsOf(manager().runningApps()), QStringList({"/a/B.desktop", "/a/A.desktop"}));
         QCOMPARE(pathsOf(manager().frontApps()), QStringList({"/a/A.desktop"}));
