@@ -115,17 +115,3 @@ private:
     std::unique_ptr<HVUserDefaults> m_defaults;
     std::unique_ptr<HVController> m_nimbo;
 };
-
-// main() for a desktop test: the private folders exist before the application object
-// (QApplication, or QCoreApplication for a test without Qt's own X connection), and Nimbo, if the
-// test started it, goes before it.
-#define NIMBO_DESKTOP_TEST_MAIN(TestClass, ApplicationClass)                                                 \
-    int main(int argc, char** argv)                                                                          \
-    {                                                                                                        \
-        auto fixture = std::make_unique<DesktopFixture>();                                                   \
-        ApplicationClass app(argc, argv);                                                                    \
-        TestClass test(*fixture);                                                                            \
-        const int failures = QTest::qExec(&test, argc, argv);                                                \
-        fixture->stopNimbo();                                                                                \
-        return failures;                                                                                     \
-    }

@@ -47,11 +47,7 @@ QByteArray quoted(const QString& path)
 class TestDesktopActions : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestDesktopActions(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
+    DesktopFixture m_fixture;
     std::shared_ptr<DesktopAppActions> m_actions =
         std::make_shared<DesktopAppActions>(nullptr, nullptr, QProcess::systemEnvironment());
     QString m_drops;
@@ -283,5 +279,5 @@ private slots:
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestDesktopActions, QCoreApplication)
+QTEST_GUILESS_MAIN(TestDesktopActions)
 #include "tst_desktopactions.moc"

@@ -17,11 +17,7 @@
 class TestFileDrop : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestFileDrop(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
+    DesktopFixture m_fixture;
     HVController* m_controller = nullptr;
     QString m_record;
     QString m_files;
@@ -161,6 +157,6 @@ private slots:
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestFileDrop, QApplication)
+QTEST_MAIN(TestFileDrop)
 
 #include "tst_filedrop.moc"

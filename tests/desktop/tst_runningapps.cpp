@@ -28,11 +28,7 @@ QByteArray wmState(quint32 window)
 class TestRunningApps : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestRunningApps(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
+    DesktopFixture m_fixture;
     std::shared_ptr<LaunchedProcesses> m_launched = std::make_shared<LaunchedProcesses>();
     std::shared_ptr<X11RunningApps> m_tracker;
     std::unique_ptr<HVUserDefaults> m_defaults;
@@ -159,5 +155,5 @@ private slots:
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestRunningApps, QApplication)
+QTEST_MAIN(TestRunningApps)
 #include "tst_runningapps.moc"

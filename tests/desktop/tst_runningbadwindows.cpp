@@ -74,11 +74,7 @@ private:
 class TestRunningBadWindows : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestRunningBadWindows(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
+    DesktopFixture m_fixture;
     RawWindows m_windows;
     std::unique_ptr<X11RunningApps> m_tracker;
     QString m_classy, m_loopy, m_late;
@@ -173,5 +169,5 @@ private slots:
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestRunningBadWindows, QCoreApplication)
+QTEST_GUILESS_MAIN(TestRunningBadWindows)
 #include "tst_runningbadwindows.moc"
