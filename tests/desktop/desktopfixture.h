@@ -28,14 +28,10 @@ struct ProgramRun
 
 inline ProgramRun runToEnd(const QString& program, const QStringList& args, int timeoutMs = 20000)
 {
-    QProcess process;
+    QProcess process; // one still running at the end is killed with it
     process.start(program, args);
-    if (!QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, timeoutMs)) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
     const bool ended =
+        QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, timeoutMs) &&
         process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }

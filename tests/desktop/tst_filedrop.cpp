@@ -129,12 +129,9 @@ private slots:
         createFile("bad \xff\xfe utf8.txt", "text\n");
         createFile("photo.png", QByteArray::fromHex("89504e470d0a1a0a"));
         // A second nimbo, given names relative to its folder (one of them not UTF-8), hands them over.
-        QProcess nimbo;
-        nimbo.setWorkingDirectory(m_files);
-        nimbo.start("sh", {"-c", R"sh(exec "$0" notes.txt "$(printf 'bad \377\376 utf8.txt')" photo.png)sh",
-                           NIMBO_BINARY_DIR "/src/nimbo"});
-        QVERIFY(QTest::qWaitFor([&nimbo] { return nimbo.state() == QProcess::NotRunning; }, 20000));
-        QCOMPARE(nimbo.exitCode(), 0);
+        const QString handOver =
+            R"sh(cd "$1" && exec "$0" notes.txt "$(printf 'bad \377\376 utf8.txt')" photo.png)sh";
+        QCOMPARE(runToEnd("sh", {"-c", handOver, NIMBO_BINARY_DIR "/src/nimbo", m_files}).exitCode, 0);
         QTRY_VERIFY(m_controller->mainWindowIsVisible());
         QTRY_COMPARE(droppable(), QStringList{"viewer"});
         QCOMPARE(DropStack::sharedDropStack().count(), 3);

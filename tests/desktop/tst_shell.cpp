@@ -108,15 +108,11 @@ private slots:
         QCOMPARE(panel()->windowOpacity(), 1.0);
     }
 
-    void escapeHides()
+    void escapeHidesTabStepsTheGroupsAndTheCloseButtonHides()
     {
         QTRY_VERIFY(panel()->isActiveWindow());
         QVERIFY(xdotool({"key", "Escape"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
-    }
-
-    void tabStepsTheGroupsAndTheCloseButtonHides()
-    {
         xdotool({"key", "ctrl+Tab"});
         QTRY_VERIFY(controller->mainWindowIsVisible());
         QTRY_VERIFY(panel()->isActiveWindow());

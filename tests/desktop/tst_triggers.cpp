@@ -140,12 +140,11 @@ class TestTriggers : public QObject
     {
         return controller->hotSpotWindow() ? controller->hotSpotWindow()->view() : nullptr;
     }
-    bool panelVisible() const { return controller->mainWindowIsVisible(); }
     void hidePanel()
     {
-        if (panelVisible())
+        if (controller->mainWindowIsVisible())
             controller->explicitHideMainWindow();
-        QTRY_VERIFY(!panelVisible());
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
     }
     // Away from the corner, and the hot spot knows it.
     void moveAway()
@@ -279,34 +278,31 @@ private slots:
         QDir(autostart()).removeRecursively();
     }
 
-    void theCornerOpensThePanelAfterTheDelay()
+    void theCornerOpensThePanelAfterTheDelayOnly()
     {
         hidePanel();
+        // Left before the delay: nothing opens.
+        QVERIFY(moveTo(0, 0));
+        QTRY_VERIFY(spot()->hasPendingAction());
+        moveAway();
+        QTest::qWait(500);
+        QVERIFY(!controller->mainWindowIsVisible());
+
         QElapsedTimer sinceArrival;
         sinceArrival.start();
         QVERIFY(moveTo(0, 0));
         QTRY_VERIFY(spot()->hasPendingAction());
-        QTRY_VERIFY(panelVisible());
+        QTRY_VERIFY(controller->mainWindowIsVisible());
         QVERIFY(sinceArrival.elapsed() >= 350);
 
         // Visible, the panel hides as soon as the pointer comes back: hiding needs no dwell.
         moveAway();
-        QVERIFY(panelVisible());
+        QVERIFY(controller->mainWindowIsVisible());
         QVERIFY(moveTo(0, 0));
         QTRY_VERIFY(spot()->isHighlighted());
         QVERIFY(!spot()->hasPendingAction());
-        QTRY_VERIFY(!panelVisible());
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
         moveAway();
-    }
-
-    void leavingBeforeTheDelayOpensNothing()
-    {
-        QVERIFY(moveTo(0, 0));
-        QTRY_VERIFY(spot()->hasPendingAction());
-        QVERIFY(moveTo(800, 500));
-        QTRY_VERIFY(!spot()->hasPendingAction());
-        QTest::qWait(500);
-        QVERIFY(!panelVisible());
     }
 
     void clicksThereReachTheWindowBeneath()
@@ -326,7 +322,7 @@ private slots:
         QVERIFY(moveTo(100, 100));
         QVERIFY(xdotool({"mousedown", "1"}));
         QVERIFY(moveTo(0, 0));
-        QTRY_VERIFY(panelVisible());
+        QTRY_VERIFY(controller->mainWindowIsVisible());
         QVERIFY(xdotool({"mouseup", "1"}));
         moveAway();
         hidePanel();
