@@ -37,11 +37,6 @@ const QList<QByteArray> HostileNames = {"--rf -n with  two spaces quote's \"doub
                                         "line\nbreak\r.txt", "ünïcødé ✓ 名前 100% %F %u %%.txt",
                                         "$(touch pwned) `touch pwned` a;touch pwned&|b>c *?[x]{a,b}~ #!",
                                         "\xff\xfe latin-1 \xe9.txt"};
-
-QByteArray quoted(const QString& path)
-{
-    return "\"" + QFile::encodeName(path) + "\"";
-}
 } // namespace
 
 class TestDesktopActions : public QObject
@@ -58,9 +53,8 @@ class TestDesktopActions : public QObject
     QString writeRecorderEntry(const QString& fileName, const QString& record, const QByteArray& tail,
                                const QByteArray& lines = QByteArray()) const
     {
-        return m_fixture.writeEntry(fileName, "Exec=" + quoted(QStringLiteral(NIMBO_ARGV_RECORDER)) +
-                                                  " --no-window " + quoted(record) + " " + tail + "\n" +
-                                                  lines);
+        return m_fixture.writeEntry(fileName, "Exec=\"" NIMBO_ARGV_RECORDER "\" --no-window \"" +
+                                                  QFile::encodeName(record) + "\" " + tail + "\n" + lines);
     }
     HVAppRef recordFor(const QString& path) const
     {

@@ -7,7 +7,6 @@
 #include "browser/dropstack.h"
 #include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
-#include "shell/hvwindow.h"
 
 #include <QtTest>
 

@@ -9,7 +9,6 @@
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
 #include "catalogue/listfilestore.h"
-#include "shell/hvwindow.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

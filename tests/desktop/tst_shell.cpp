@@ -4,7 +4,6 @@
 #include "desktopfixture.h"
 
 #include "browser/hviconview.h"
-#include "catalogue/hvappmanager.h"
 #include "shell/hvpanelbutton.h"
 #include "shell/hvpanelcontrols.h"
 #include "shell/hvstatusmenu.h"
@@ -12,7 +11,6 @@
 #include "shell/hvwindow.h"
 
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QtTest>
 

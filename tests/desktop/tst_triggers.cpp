@@ -121,9 +121,7 @@ class TestTriggers : public QObject
         const QDBusMessage reply =
             await(callItem("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
                            {QString("org.kde.StatusNotifierItem"), QString("Menu")}));
-        if (reply.arguments().isEmpty())
-            return {};
-        return qvariant_cast<QDBusVariant>(reply.arguments().first())
+        return qvariant_cast<QDBusVariant>(reply.arguments().value(0))
             .variant()
             .value<QDBusObjectPath>()
             .path();
