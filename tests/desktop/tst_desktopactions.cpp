@@ -49,12 +49,15 @@ class TestDesktopActions : public QObject
     QStringList m_events; // what a failed launch set off, in order
     HVAppBunch m_missing;
 
-    // Writes an entry that runs the recorder (without a window) with the Exec tail given.
-    QString writeRecorderEntry(const QString& fileName, const QString& record, const QByteArray& tail,
-                               const QByteArray& lines = QByteArray()) const
+    // Writes nimbotest-<id>.desktop, which runs the recorder (without a window) with the Exec tail
+    // given, recording into the record file named.
+    void writeRecorderEntry(const QString& id, const QString& record, const QByteArray& tail,
+                            const QByteArray& lines = QByteArray()) const
     {
-        return m_fixture.writeEntry(fileName, "Exec=\"" NIMBO_ARGV_RECORDER "\" --no-window \"" +
-                                                  QFile::encodeName(record) + "\" " + tail + "\n" + lines);
+        m_fixture.writeEntry("nimbotest-" + id + ".desktop",
+                             "Exec=\"" NIMBO_ARGV_RECORDER "\" --no-window \"" +
+                                 QFile::encodeName(m_fixture.recordFile(record)) + "\" " + tail + "\n" +
+                                 lines);
     }
     HVAppRef recordFor(const QString& path) const
     {
@@ -85,17 +88,13 @@ private slots:
         }
         // GIO reads the application folders and mimeapps.list once: every entry is there before.
         const QByteArray inDrops = "Path=" + QFile::encodeName(m_drops) + "\n";
-        writeRecorderEntry("nimbotest-paths.desktop", m_fixture.recordFile("paths"), "%F", inDrops);
-        writeRecorderEntry("nimbotest-uris.desktop", m_fixture.recordFile("uris"), "%U",
-                           inDrops + "X-GIO-NoFuse=true\n");
-        writeRecorderEntry(QStringLiteral("nimbotest-folders.desktop"), m_fixture.recordFile("folder"), "%U",
-                           "MimeType=inode/directory;\n");
-        m_fixture.env().writeFile(QStringLiteral("config/mimeapps.list"),
+        writeRecorderEntry("paths", "paths", "%F", inDrops);
+        writeRecorderEntry("uris", "uris", "%U", inDrops + "X-GIO-NoFuse=true\n");
+        writeRecorderEntry("folders", "folder", "%U", "MimeType=inode/directory;\n");
+        m_fixture.env().writeFile("config/mimeapps.list",
                                   "[Default Applications]\ninode/directory=nimbotest-folders.desktop\n");
-        writeRecorderEntry(QStringLiteral("nimbotest-remover.desktop"), m_fixture.recordFile("remover"), "%U",
-                           "MimeType=x-scheme-handler/appstream;\n");
-        writeRecorderEntry(QStringLiteral("nimbotest-notremover.desktop"), m_fixture.recordFile("remover"),
-                           "%U", "MimeType=text/plain;\n");
+        writeRecorderEntry("remover", "remover", "%U", "MimeType=x-scheme-handler/appstream;\n");
+        writeRecorderEntry("notremover", "remover", "%U", "MimeType=text/plain;\n");
     }
 
     void cleanupTestCase()
@@ -118,8 +117,8 @@ private slots:
     {
         QFETCH(bool, asUris);
         const QString record = m_fixture.recordFile(QString::fromLatin1(QTest::currentDataTag()));
-        const QString entry = m_fixture.applicationsDir() +
-                              QStringLiteral("/nimbotest-%1.desktop").arg(QTest::currentDataTag());
+        const QString entry =
+            m_fixture.entryPath("nimbotest-" + QString::fromLatin1(QTest::currentDataTag()));
         QList<QUrl> items;
         QList<QByteArray> expected;
         for (const QByteArray& name : HostileNames) {

@@ -38,7 +38,6 @@ class TestPreferences : public QObject
 {
     Q_OBJECT
     DesktopFixture desktop;
-    const TestEnvironment& env = desktop.env();
     HVUserDefaults* defaults = &desktop.defaults();
     HVController* controller = nullptr;
 
@@ -61,11 +60,11 @@ private slots:
         const QList<QPair<const char*, QColor>> apps = {{"Clock", Qt::red},     {"Eyes", Qt::blue},
                                                         {"Terminal", Qt::gray}, {"Editor", Qt::green},
                                                         {"Mail", Qt::yellow},   {"Music", Qt::magenta}};
-        QDir().mkpath(env.root() + "/icons");
+        QDir().mkpath(desktop.env().root() + "/icons");
         for (const auto& [name, colour] : apps) {
             QImage icon(48, 48, QImage::Format_ARGB32);
             icon.fill(colour);
-            const QString iconPath = env.root() + QStringLiteral("/icons/%1.png").arg(name);
+            const QString iconPath = desktop.env().root() + QStringLiteral("/icons/%1.png").arg(name);
             QVERIFY(icon.save(iconPath));
             desktop.writeEntry(name + QStringLiteral(".desktop"),
                                "Exec=true\nIcon=" + iconPath.toUtf8() + "\n");
@@ -74,9 +73,9 @@ private slots:
         desktop.writeEntry("SoftwareCentre.desktop",
                            "Name=Software Centre\nExec=true\nMimeType=x-scheme-handler/appstream;\n");
         // The desktop's favourites: a Plank dock holding the terminal.
-        env.writeFile("config/plank/dock1/launchers/terminal.dockitem",
-                      "[PlankDockItemPreferences]\nLauncher=file://" +
-                          desktop.entryPath("Terminal").toUtf8() + "\n");
+        desktop.env().writeFile("config/plank/dock1/launchers/terminal.dockitem",
+                                "[PlankDockItemPreferences]\nLauncher=file://" +
+                                    desktop.entryPath("Terminal").toUtf8() + "\n");
         // Not the first launch: nothing is excluded before the sheet is used.
         controller = desktop.startNimbo({{"applicationLaunchCount", 1}});
         QVERIFY(controller->registerBusService());
@@ -137,10 +136,10 @@ private slots:
     void anAddedScanFolderIsKeptAndScannedOnce()
     {
         controller->openPrefs();
-        const QString folder = env.root() + "/more apps";
+        const QString folder = desktop.env().root() + "/more apps";
         QVERIFY(QDir().mkpath(folder));
-        env.writeFile("more apps/Extra.desktop",
-                      "[Desktop Entry]\nType=Application\nName=Extra\nExec=true\n");
+        desktop.env().writeFile("more apps/Extra.desktop",
+                                "[Desktop Entry]\nType=Application\nName=Extra\nExec=true\n");
         HVAppManager* catalogue = controller->appManager();
         QObject counting; // the scans begun while it lives
         int scans = 0;

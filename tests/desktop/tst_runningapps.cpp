@@ -66,8 +66,6 @@ private slots:
             for (qint64 pid : m_launched->pidsForEntry(entry))
                 ::kill(pid_t(pid), SIGKILL);
         }
-        m_stranger.kill();
-        m_stranger.waitForFinished(5000);
     }
 
     void launchingPutsAppsInTheRunningListInLaunchOrder()

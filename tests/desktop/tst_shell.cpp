@@ -46,7 +46,6 @@ private slots:
     void initTestCase()
     {
         desktop.writeEntry("clock.desktop", "Name=Clock\nExec=xclock\n");
-        desktop.writeEntry("eyes.desktop", "Name=Eyes\nExec=xeyes\n");
         // The terminal stands in for any application: it records its launch.
         const QByteArray record = QFile::encodeName(desktop.recordFile("terminal"));
         desktop.writeEntry("terminal.desktop",
