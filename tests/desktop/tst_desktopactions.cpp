@@ -237,8 +237,6 @@ private slots:
         QCOMPARE(DesktopFixture::recordedArguments(folderRecord),
                  QList<QByteArray>({QFile::encodeName(QFileInfo(entry).absolutePath())}));
         QCOMPARE(service.shown.size(), 1);
-        bus.unregisterObject(QStringLiteral("/org/freedesktop/FileManager1"));
-        QDBusConnection::disconnectFromBus(QStringLiteral("fm"));
     }
 
     // The remover is launched with the entry's desktop ID as an appstream: URI; a remover that is
