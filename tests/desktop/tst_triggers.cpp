@@ -25,9 +25,7 @@ class StatusNotifierWatcher : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
-    Q_PROPERTY(QStringList RegisteredStatusNotifierItems READ items)
     Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hostRegistered)
-    Q_PROPERTY(int ProtocolVersion READ protocolVersion)
 public:
     QStringList items() const
     {
@@ -35,7 +33,6 @@ public:
         return m_items;
     }
     bool hostRegistered() const { return true; }
-    int protocolVersion() const { return 0; }
 
 public slots:
     void RegisterStatusNotifierItem(const QString& service)
@@ -43,7 +40,6 @@ public slots:
         QMutexLocker lock(&m_mutex);
         m_items.append(service);
     }
-    void RegisterStatusNotifierHost(const QString&) {}
 
 private:
     mutable QMutex m_mutex;
