@@ -65,7 +65,6 @@ private slots:
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY(qAbs(panel()->geometry().center().x() - screen.center().x()) <= 1);
         QVERIFY(qAbs(panel()->geometry().center().y() - screen.center().y()) <= 1);
-        QCOMPARE(controller->iconView()->groupToShow(), 1);
         QCOMPARE(defaults->integerForKey("applicationLaunchCount"), 1);
     }
 
