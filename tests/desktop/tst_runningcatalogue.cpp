@@ -51,6 +51,7 @@ private slots:
     {
         h = std::make_unique<CatalogueHarness>();
         m_source = std::make_unique<FakeSource>();
+        manager().setRunningAppsSource(m_source.get()); // cases that fill the source first set it again
     }
     void cleanup() { h.reset(); }
 
@@ -70,7 +71,6 @@ private slots:
     {
         const HVAppRef catalogued = manager().appForPath("/a/A.desktop");
         catalogued->setIcon(QImage(4, 4, QImage::Format_ARGB32));
-        manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop", "/a/B.desktop"});
         QCOMPARE(manager().runningApps().first().get(), catalogued.get());
         const HVAppRef b = manager().runningApps().at(1);
@@ -104,8 +104,6 @@ private slots:
 
     void withoutLaunchOrderTheListFollowsTheSortOrder()
     {
-        manager().setRunningAppsSource(m_source.get());
-        h->defaults().setInteger(HVAppManager::SortByName, "groupContentsSortOrder");
         h->defaults().setBool(false, "sortRunningByLaunchOrder");
         m_source->run({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop", "/x/Beta.desktop"});
         QCOMPARE(pathsOf(manager().runningApps()),
@@ -115,7 +113,6 @@ private slots:
     void lastActiveAppSkipsThisProgram()
     {
         const QString own = m_source->own;
-        manager().setRunningAppsSource(m_source.get());
         QVERIFY(!manager().lastActiveApp());
         // When this program is all that runs, the walk ends at the first record: this program.
         m_source->run({own});
@@ -135,7 +132,6 @@ private slots:
 
     void activeAndRunningAppsAreFoundByPath()
     {
-        manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop"});
         QVERIFY(manager().isAppRunning(std::make_shared<HVApp>("/a/./A.desktop")));
         QVERIFY(!manager().isAppRunning(std::make_shared<HVApp>("/a/a.desktop")));
@@ -151,7 +147,6 @@ private slots:
 
     void aSourceThatGoesAwayLeavesNothingRunning()
     {
-        manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop"});
         m_source.reset();
         QVERIFY(!manager().runningAppsSource());
