@@ -82,6 +82,8 @@ private slots:
         QTRY_VERIFY(controller->mainWindowIsVisible());
     }
 
+    void init() { controller->openPrefs(); } // each case starts with the window open
+
     void opensFromTheMenuAndTheBusOnce_data()
     {
         QTest::addColumn<QString>("program");
@@ -118,7 +120,6 @@ private slots:
 
     void iconSizeRelaysOutThePanel()
     {
-        controller->openPrefs();
         auto* slider = control<QSlider>("maximumIconSize");
         QCOMPARE(slider->value(), 64);
         const QSize before = controller->iconView()->sizeHint();
@@ -133,7 +134,6 @@ private slots:
 
     void anAddedScanFolderIsKeptAndScannedOnce()
     {
-        controller->openPrefs();
         const QString folder = desktop.env().root() + "/more apps";
         QVERIFY(QDir().mkpath(folder));
         desktop.env().writeFile("more apps/Extra.desktop",
@@ -231,7 +231,6 @@ private slots:
 
     void theRemoverChooserTakesOnlyAnAppstreamHandler()
     {
-        controller->openPrefs();
         control<QPushButton>("setAppRemover")->click();
         HVRemoverChooser* chooser = window()->removerChooser();
         QTRY_VERIFY(chooser->isVisible());
@@ -260,7 +259,6 @@ private slots:
 
     void hotKeysWithoutModifiersOrThatSwitchConsolesAreRefused()
     {
-        controller->openPrefs();
         for (QCheckBox* box : window()->findChildren<QCheckBox*>(QRegularExpression("^hotKey")))
             if (box->isChecked())
                 box->click();
