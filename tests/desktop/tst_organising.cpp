@@ -128,6 +128,13 @@ private slots:
         manager()->excludeApp(app("term"));
     }
 
+    // A released Control, or a launched app's window taking the focus, may have put the panel away.
+    void init()
+    {
+        controller->showMainWindow();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+    }
+
     void theMenuHoldsWhatAppliesInTheGroupShown()
     {
         const QStringList reveal{"-", "Show in File Manager", "-", "Send to Software"};
@@ -167,8 +174,6 @@ private slots:
 
     void itemsActOnTheCatalogue()
     {
-        controller->showMainWindow(); // a released Control may have put the panel away
-        QTRY_VERIFY(controller->mainWindowIsVisible());
         view()->setGroupToShow(HVAppGroupIncluded);
         choose("clock", "Add Favorite in New Group");
         QCOMPARE(manager()->userApps(), HVAppBunches({{app("eyes")}, {app("clock")}}));
@@ -234,8 +239,6 @@ private slots:
 
     void theRemoversTwoFailuresAreToldApart()
     {
-        controller->showMainWindow();
-        QTRY_VERIFY(controller->mainWindowIsVisible());
         QSignalSpy alerts(controller, &HVController::alertShown);
         view()->setGroupToShow(HVAppGroupUser);
         const QString removers[] = {"no.such.remover.desktop", "fakeremover.desktop"};
@@ -256,8 +259,6 @@ private slots:
 
     void whereTheIconIsLetGoDecides()
     {
-        controller->showMainWindow();
-        QTRY_VERIFY(controller->mainWindowIsVisible());
         const auto topMarginOf = [this](quint64 bunch) {
             return pointWhere(
                 [bunch](const Coords& c) { return !c.hasCell() && c.bunch == bunch && c.margin == 0; });
