@@ -17,7 +17,7 @@
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
 
-// Notes the size of the widget it watches when that is first shown.
+// Watching the whole application, notes the size of the panel when that is first shown.
 class ShowWatch : public QObject
 {
 public:
@@ -26,7 +26,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Show && !size.isValid())
+        if (event->type() == QEvent::Show && qobject_cast<HVWindow*>(watched) && !size.isValid())
             size = static_cast<QWidget*>(watched)->size();
         return false;
     }
@@ -38,7 +38,7 @@ class TestShell : public QObject
     Q_OBJECT
     DesktopFixture desktop;
     HVUserDefaults* defaults = &desktop.defaults();
-    std::unique_ptr<HVController> controller;
+    HVController* controller = nullptr;
 
     HVWindow* panel() { return controller->mainWindow(); }
 
@@ -50,13 +50,9 @@ private slots:
         const QByteArray record = QFile::encodeName(desktop.recordFile("terminal"));
         desktop.writeEntry("terminal.desktop",
                            "Name=Terminal\nExec=" NIMBO_ARGV_RECORDER " --no-window " + record);
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults);
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
         ShowWatch shown;
-        panel()->installEventFilter(&shown);
-        controller->applicationDidFinishLaunching();
+        qApp->installEventFilter(&shown);
+        controller = desktop.startNimbo();
         // The panel opens at launch, centred on the screen, with the catalogue already in it:
         // it does not open small and empty and then grow.
         QTRY_VERIFY(controller->mainWindowIsVisible());
@@ -183,7 +179,7 @@ private slots:
 
     void quittingAsksOnlyWhenNimboCouldNotBeReachedAgain()
     {
-        QSignalSpy quit(controller.get(), &HVController::quitRequested);
+        QSignalSpy quit(controller, &HVController::quitRequested);
         controller->quitApp(); // a taskbar entry remains: no question
         QCOMPARE(quit.count(), 1);
 
@@ -191,7 +187,7 @@ private slots:
         defaults->setBool(false, "showIconInDock");
         QVERIFY(controller->isAppRunningDockless());
         HVTranslations::install(*qApp, QLocale("de"));
-        HVStatusMenu menu(controller.get());
+        HVStatusMenu menu(controller);
         QCOMPARE(menu.actions().last()->text(), "Nimbo beenden");
         bool asked = false;
         QTimer::singleShot(300, this, [&asked] {
@@ -213,7 +209,7 @@ private slots:
 
     void oneNimboAtATimeAndNimboctlReachesIt()
     {
-        controller.reset(); // this process's catalogue and bus name go away
+        desktop.stopNimbo(); // this process's catalogue and bus name go away
         const ProgramRun alone = nimboctl({"toggle"});
         QCOMPARE(alone.exitCode, 1);
         QVERIFY(alone.err.contains("not running"));
