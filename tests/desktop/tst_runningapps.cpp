@@ -31,7 +31,6 @@ class TestRunningApps : public QObject
     DesktopFixture m_fixture;
     std::shared_ptr<LaunchedProcesses> m_launched = std::make_shared<LaunchedProcesses>();
     std::shared_ptr<X11RunningApps> m_tracker;
-    std::unique_ptr<HVUserDefaults> m_defaults;
     std::unique_ptr<HVAppManager> m_manager;
     QString m_xterm, m_logo, m_calc, m_sleeper;
     QProcess m_stranger;
@@ -53,9 +52,8 @@ private slots:
         m_sleeper = m_fixture.writeEntry("nimbotest-sleeper.desktop", "Exec=sleep 300\n");
         m_tracker = std::make_shared<X11RunningApps>(m_launched);
         QVERIFY(m_tracker->isTracking());
-        m_defaults = std::make_unique<HVUserDefaults>(m_fixture.env().configHome() + "/Nimbo/Nimbo.conf");
         m_manager = std::make_unique<HVAppManager>(
-            m_defaults.get(), std::make_shared<GioEntryReader>(),
+            &m_fixture.defaults(), std::make_shared<GioEntryReader>(),
             std::make_shared<DesktopAppActions>(m_tracker, m_launched, QProcess::systemEnvironment()));
         m_manager->setRunningAppsSource(m_tracker.get());
     }
