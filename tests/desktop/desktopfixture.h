@@ -41,6 +41,13 @@ inline bool xdotool(const QStringList& args)
     return runToEnd(QStringLiteral("xdotool"), args).exitCode == 0;
 }
 
+// Moves the real pointer to the point of the screen, and lets the move settle for the seconds given.
+inline bool moveTo(const QPoint& at, double settle = 0)
+{
+    return xdotool(
+        {"mousemove", QString::number(at.x()), QString::number(at.y()), "sleep", QString::number(settle)});
+}
+
 inline ProgramRun nimboctl(const QStringList& args)
 {
     return runToEnd(QStringLiteral(NIMBO_BINARY_DIR "/src/nimboctl"), args);

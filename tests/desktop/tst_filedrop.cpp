@@ -36,10 +36,7 @@ class TestFileDrop : public QObject
         return view()->mapToGlobal(view()->rectOfApp(app(id)).center().toPoint());
     }
 
-    static bool moveTo(const QPoint& at)
-    {
-        return xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "sleep", "0.3"});
-    }
+    static bool moveTo(const QPoint& at) { return ::moveTo(at, 0.3); }
 
     // A file of `content` whose name is the bytes given, in the files folder; its URL encoded.
     QString createFile(const QByteArray& name, const QByteArray& content) const

@@ -60,11 +60,10 @@ private slots:
         const QList<QPair<const char*, QColor>> apps = {{"Clock", Qt::red},     {"Eyes", Qt::blue},
                                                         {"Terminal", Qt::gray}, {"Editor", Qt::green},
                                                         {"Mail", Qt::yellow},   {"Music", Qt::magenta}};
-        QDir().mkpath(desktop.env().root() + "/icons");
         for (const auto& [name, colour] : apps) {
             QImage icon(48, 48, QImage::Format_ARGB32);
             icon.fill(colour);
-            const QString iconPath = desktop.env().root() + QStringLiteral("/icons/%1.png").arg(name);
+            const QString iconPath = desktop.env().root() + QStringLiteral("/%1.png").arg(name);
             QVERIFY(icon.save(iconPath));
             desktop.writeEntry(name + QStringLiteral(".desktop"),
                                "Exec=true\nIcon=" + iconPath.toUtf8() + "\n");

@@ -111,7 +111,7 @@ private slots:
         QVERIFY(xdotool({"key", "Tab"}));
         QTRY_COMPARE(controller->iconView()->groupToShow(), 8);
         const QPoint close = panel()->controls()->closeButton()->mapToGlobal(QPoint(9, 9));
-        QVERIFY(xdotool({"mousemove", QString::number(close.x()), QString::number(close.y()), "click", "1"}));
+        QVERIFY(moveTo(close) && xdotool({"click", "1"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
     }
 

@@ -73,11 +73,6 @@ QDBusMessage await(const QDBusPendingCall& call)
     return pending.reply();
 }
 
-bool moveTo(int x, int y)
-{
-    return xdotool({"mousemove", QString::number(x), QString::number(y)});
-}
-
 // An ordinary window of another kind, under the top-left corner, that counts its clicks.
 class Beneath : public QWidget
 {
@@ -143,7 +138,7 @@ class TestTriggers : public QObject
     // Away from the corner, and the hot spot knows it.
     void moveAway()
     {
-        QVERIFY(moveTo(800, 500));
+        QVERIFY(moveTo({800, 500}));
         QTRY_VERIFY(!spot()->isHighlighted() && !spot()->hasPendingAction());
         QTest::qWait(PointerTracker::InsideIntervalMs + 50);
     }
@@ -172,7 +167,7 @@ private slots:
                                    SLOT(launcherUpdated(QString, QVariantMap))));
 
         desktop.writeEntry("clock.desktop", "Exec=xclock\n");
-        QVERIFY(moveTo(800, 500));
+        QVERIFY(moveTo({800, 500}));
         controller = desktop.startNimbo({{"showWindowAtLaunch", false},
                                          {"highlightHotSpots", true},
                                          {"cursorHotSpotLocation", HVHotSpotWindow::TopLeftCorner}});
@@ -275,7 +270,7 @@ private slots:
     {
         hidePanel();
         // Left before the delay: nothing opens.
-        QVERIFY(moveTo(0, 0));
+        QVERIFY(moveTo({0, 0}));
         QTRY_VERIFY(spot()->hasPendingAction());
         moveAway();
         QTest::qWait(500);
@@ -283,7 +278,7 @@ private slots:
 
         QElapsedTimer sinceArrival;
         sinceArrival.start();
-        QVERIFY(moveTo(0, 0));
+        QVERIFY(moveTo({0, 0}));
         QTRY_VERIFY(spot()->hasPendingAction());
         QTRY_VERIFY(controller->mainWindowIsVisible());
         QVERIFY(sinceArrival.elapsed() >= 350);
@@ -291,7 +286,7 @@ private slots:
         // Visible, the panel hides as soon as the pointer comes back: hiding needs no dwell.
         moveAway();
         QVERIFY(controller->mainWindowIsVisible());
-        QVERIFY(moveTo(0, 0));
+        QVERIFY(moveTo({0, 0}));
         QTRY_VERIFY(spot()->isHighlighted());
         QVERIFY(!spot()->hasPendingAction());
         QTRY_VERIFY(!controller->mainWindowIsVisible());
@@ -304,7 +299,7 @@ private slots:
         beneath.show();
         QVERIFY(QTest::qWaitForWindowExposed(&beneath));
         QTRY_COMPARE(beneath.geometry().topLeft(), QPoint(0, 0));
-        QVERIFY(moveTo(1, 1));
+        QVERIFY(moveTo({1, 1}));
         QTRY_VERIFY(spot()->isHighlighted());
         QVERIFY(xdotool({"click", "1"}));
         QTRY_COMPARE(beneath.presses, 1);
@@ -312,9 +307,9 @@ private slots:
         hidePanel();
 
         // A drag that arrives at the spot counts as the pointer.
-        QVERIFY(moveTo(100, 100));
+        QVERIFY(moveTo({100, 100}));
         QVERIFY(xdotool({"mousedown", "1"}));
-        QVERIFY(moveTo(0, 0));
+        QVERIFY(moveTo({0, 0}));
         QTRY_VERIFY(controller->mainWindowIsVisible());
         QVERIFY(xdotool({"mouseup", "1"}));
         moveAway();
