@@ -28,14 +28,10 @@ struct ProgramRun
 
 inline ProgramRun runToEnd(const QString& program, const QStringList& args, int timeoutMs = 20000)
 {
-    QProcess process;
+    QProcess process; // one still running at the end is killed with it
     process.start(program, args);
-    if (!QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, timeoutMs)) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
     const bool ended =
+        QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, timeoutMs) &&
         process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
@@ -43,6 +39,13 @@ inline ProgramRun runToEnd(const QString& program, const QStringList& args, int 
 inline bool xdotool(const QStringList& args)
 {
     return runToEnd(QStringLiteral("xdotool"), args).exitCode == 0;
+}
+
+// Moves the real pointer to the point of the screen, and lets the move settle for the seconds given.
+inline bool moveTo(const QPoint& at, double settle = 0)
+{
+    return xdotool(
+        {"mousemove", QString::number(at.x()), QString::number(at.y()), "sleep", QString::number(settle)});
 }
 
 inline ProgramRun nimboctl(const QStringList& args)
@@ -90,9 +93,6 @@ public:
         return arguments;
     }
 
-    // The session's environment as the launched programs are to get it.
-    static QStringList environment() { return QProcess::systemEnvironment(); }
-
     // Nimbo's preferences in these folders.
     HVUserDefaults& defaults()
     {
@@ -118,17 +118,3 @@ private:
     std::unique_ptr<HVUserDefaults> m_defaults;
     std::unique_ptr<HVController> m_nimbo;
 };
-
-// main() for a desktop test: the private folders exist before the application object
-// (QApplication, or QCoreApplication for a test without Qt's own X connection), and Nimbo, if the
-// test started it, goes before it.
-#define NIMBO_DESKTOP_TEST_MAIN(TestClass, ApplicationClass)                                                 \
-    int main(int argc, char** argv)                                                                          \
-    {                                                                                                        \
-        auto fixture = std::make_unique<DesktopFixture>();                                                   \
-        ApplicationClass app(argc, argv);                                                                    \
-        TestClass test(*fixture);                                                                            \
-        const int failures = QTest::qExec(&test, argc, argv);                                                \
-        fixture->stopNimbo();                                                                                \
-        return failures;                                                                                     \
-    }

@@ -5,11 +5,9 @@
 #include "desktopfixture.h"
 
 #include "browser/hviconview.h"
-#include "browser/hvpoofeffect.h"
 #include "catalogue/hvappgroup.h"
 #include "catalogue/hvappmanager.h"
 #include "catalogue/listfilestore.h"
-#include "shell/hvwindow.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -30,6 +28,7 @@ class TestOrganising : public QObject
     HVIconView* view() { return controller->iconView(); }
     HVAppManager* manager() { return view()->manager(); }
     HVAppRef app(const QString& id) { return manager()->appForPath(desktop.entryPath(id)); }
+    QPointF at(const QString& id) { return view()->rectOfApp(app(id)).center(); } // the app's cell
 
     // Right-clicks the point of the view with the real pointer (holding `key` if given); the menu
     // that opens, as its item texts ("-" for a separator).
@@ -44,9 +43,8 @@ class TestOrganising : public QObject
                 args = QStringList{"keydown", key} + args + QStringList{"keyup", key};
             if (!xdotool(args))
                 return {"xdotool failed"};
-            const bool opened = QTest::qWaitFor(
-                [&menu] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }, 5000);
-            Q_UNUSED(opened);
+            static_cast<void>(QTest::qWaitFor(
+                [&menu] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }, 5000));
         }
         if (!menu)
             return {"no menu opened"};
@@ -59,14 +57,10 @@ class TestOrganising : public QObject
             menu->close();
         return items;
     }
-    QStringList rightClick(const HVAppRef& target, QMenu** opened = nullptr, const QString& key = {})
-    {
-        return rightClick(view()->rectOfApp(target).center(), opened, key);
-    }
-    void choose(const HVAppRef& target, const QString& item)
+    void choose(const QString& id, const QString& item)
     {
         QMenu* menu = nullptr;
-        const QStringList items = rightClick(target, &menu);
+        const QStringList items = rightClick(at(id), &menu);
         QVERIFY2(items.contains(item), qPrintable(items.join(',')));
         menu->actions().at(int(items.indexOf(item)))->trigger();
         menu->close();
@@ -134,6 +128,13 @@ private slots:
         manager()->excludeApp(app("term"));
     }
 
+    // A released Control, or a launched app's window taking the focus, may have put the panel away.
+    void init()
+    {
+        controller->showMainWindow();
+        QTRY_VERIFY(controller->mainWindowIsVisible());
+    }
+
     void theMenuHoldsWhatAppliesInTheGroupShown()
     {
         const QStringList reveal{"-", "Show in File Manager", "-", "Send to Software"};
@@ -152,14 +153,13 @@ private slots:
         };
         for (const auto& c : cases) {
             view()->setGroupToShow(c.group);
-            QCOMPARE(rightClick(app(c.app)), c.expected);
+            QCOMPARE(rightClick(at(c.app)), c.expected);
         }
         // Without a remover there is no item for it; an empty cell has only the inert one.
         defaults->setString("", "appRemoverName");
         view()->setGroupToShow(HVAppGroupIncluded);
-        QCOMPARE(rightClick(app("clock")),
-                 QStringList({"Exclude", "-", "Add Favorite", "Add Favorite in New Group", "-",
-                              "Show in File Manager"}));
+        QCOMPARE(rightClick(at("clock")),
+                 (QStringList{"Exclude"} + favour + QStringList{"-", "Show in File Manager"}));
         defaults->removeObjectForKey("appRemoverName");
         const Coords empty = view()->coordsOfPoint(pointWhere(
             [this](const Coords& c) { return c.hasCell() && !view()->appAtCell(int(c.row), int(c.col)); }));
@@ -168,28 +168,21 @@ private slots:
                  QStringList{"Hide Group"});
         // Control with the right button opens the same menu.
         view()->setGroupToShow(HVAppGroupUser);
-        QCOMPARE(rightClick(app("eyes"), nullptr, "ctrl"),
+        QCOMPARE(rightClick(at("eyes"), nullptr, "ctrl"),
                  QStringList({"Move to New Group", "Remove Favorite"}) + reveal);
     }
 
     void itemsActOnTheCatalogue()
     {
-        controller->showMainWindow(); // a released Control may have put the panel away
-        QTRY_VERIFY(controller->mainWindowIsVisible());
         view()->setGroupToShow(HVAppGroupIncluded);
-        choose(app("clock"), "Add Favorite in New Group");
+        choose("clock", "Add Favorite in New Group");
         QCOMPARE(manager()->userApps(), HVAppBunches({{app("eyes")}, {app("clock")}}));
 
-        // Excluding from the included group: the icon leaves, in a puff.
-        choose(app("clock"), "Exclude");
+        choose("clock", "Exclude");
         QVERIFY(manager()->excludedApps1D().contains(app("clock")));
-        bool puffed = false;
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            puffed = puffed || qobject_cast<HVPoofEffect*>(widget);
-        QVERIFY(puffed);
 
         view()->setGroupToShow(HVAppGroupUser);
-        choose(app("clock"), "Remove Favorite");
+        choose("clock", "Remove Favorite");
         QCOMPARE(HVAppManager::pathsFromApps(manager()->userApps1D()), QStringList{app("eyes")->path()});
     }
 
@@ -205,17 +198,17 @@ private slots:
         };
         showRunning();
         // No remover in the running group; what a running app can be asked comes last.
-        QCOMPARE(rightClick(app("xlogo")),
+        QCOMPARE(rightClick(at("xlogo")),
                  QStringList({"Exclude", "-", "Add Favorite", "Add Favorite in New Group", "-",
                               "Show in File Manager", "-", "Hide", "Quit"}));
         showRunning();
-        choose(app("xlogo"), "Hide");
+        choose("xlogo", "Hide");
         QTRY_VERIFY(!app("xlogo")->isVisible());
         showRunning();
-        choose(app("xlogo"), "Show");
+        choose("xlogo", "Show");
         QTRY_VERIFY(app("xlogo")->isVisible());
         showRunning();
-        choose(app("xlogo"), "Quit");
+        choose("xlogo", "Quit");
         QTRY_VERIFY_WITH_TIMEOUT(!manager()->isAppRunning(app("xlogo")), 10000);
     }
 
@@ -246,14 +239,12 @@ private slots:
 
     void theRemoversTwoFailuresAreToldApart()
     {
-        controller->showMainWindow();
-        QTRY_VERIFY(controller->mainWindowIsVisible());
         QSignalSpy alerts(controller, &HVController::alertShown);
         view()->setGroupToShow(HVAppGroupUser);
         const QString removers[] = {"no.such.remover.desktop", "fakeremover.desktop"};
         for (const QString& remover : removers) {
             defaults->setString(remover, "appRemoverBundleIdentifier");
-            choose(app("eyes"), "Send to Software");
+            choose("eyes", "Send to Software");
             for (QWidget* widget : QApplication::topLevelWidgets()) {
                 if (qobject_cast<QMessageBox*>(widget))
                     widget->close(); // the alert, acknowledged
@@ -268,9 +259,6 @@ private slots:
 
     void whereTheIconIsLetGoDecides()
     {
-        controller->showMainWindow();
-        QTRY_VERIFY(controller->mainWindowIsVisible());
-        const auto cellOf = [this](const char* id) { return view()->rectOfApp(app(id)).center(); };
         const auto topMarginOf = [this](quint64 bunch) {
             return pointWhere(
                 [bunch](const Coords& c) { return !c.hasCell() && c.bunch == bunch && c.margin == 0; });
@@ -293,7 +281,7 @@ private slots:
             std::function<QPointF()> target;
             QString expected;
         } cases[] = {
-            {"onto another cell", HVAppGroupUser, "eyes", [&] { return cellOf("fakeremover"); },
+            {"onto another cell", HVAppGroupUser, "eyes", [&] { return at("fakeremover"); },
              "notes|xlogo eyes fakeremover / eyes notes xlogo fakeremover"},
             {"a bunch's top margin", HVAppGroupUser, "fakeremover", [&] { return topMarginOf(0); },
              "fakeremover eyes notes|xlogo / eyes notes xlogo fakeremover"},
@@ -301,7 +289,7 @@ private slots:
              "eyes|notes|xlogo fakeremover / eyes notes xlogo fakeremover"},
             {"nowhere: nothing changes", HVAppGroupUser, "eyes", nowhere,
              "eyes notes|xlogo fakeremover / eyes notes xlogo fakeremover"},
-            {"onto a cell of the flat list", HVAppGroupUser1D, "eyes", [&] { return cellOf("fakeremover"); },
+            {"onto a cell of the flat list", HVAppGroupUser1D, "eyes", [&] { return at("fakeremover"); },
              "eyes notes|xlogo fakeremover / notes xlogo eyes fakeremover"},
         };
         for (const auto& c : cases) {
@@ -314,7 +302,7 @@ private slots:
             QTRY_COMPARE(view()->groupShown(), c.group);
             const QPointF to = c.target();
             QVERIFY2(!to.isNull(), c.name);
-            drag(cellOf(c.moved), to);
+            drag(at(c.moved), to);
             QVERIFY2(!view()->dragState().dragMoveInProgress, c.name);
             QCOMPARE(favouritesOnDisk(), c.expected);
         }

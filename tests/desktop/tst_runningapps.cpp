@@ -16,30 +16,21 @@
 namespace {
 const auto pathsOf = &HVAppManager::pathsFromApps;
 
-// The ICCCM state the window manager gives the window, read by another program.
-QString wmState(quint32 window)
+// The ICCCM state the window manager gives the window ("Normal" or "Iconic"), read by another program.
+QByteArray wmState(quint32 window)
 {
-    const QString text = QString::fromLocal8Bit(
-        runToEnd(QStringLiteral("xprop"),
-                 {QStringLiteral("-id"), QString::number(window), QStringLiteral("WM_STATE")})
-            .out);
-    return text.contains(QLatin1String("Iconic"))   ? QStringLiteral("Iconic")
-           : text.contains(QLatin1String("Normal")) ? QStringLiteral("Normal")
-                                                    : text;
+    return runToEnd(QStringLiteral("xprop"),
+                    {QStringLiteral("-id"), QString::number(window), QStringLiteral("WM_STATE")})
+        .out;
 }
 } // namespace
 
 class TestRunningApps : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestRunningApps(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
+    DesktopFixture m_fixture;
     std::shared_ptr<LaunchedProcesses> m_launched = std::make_shared<LaunchedProcesses>();
     std::shared_ptr<X11RunningApps> m_tracker;
-    std::unique_ptr<HVUserDefaults> m_defaults;
     std::unique_ptr<HVAppManager> m_manager;
     QString m_xterm, m_logo, m_calc, m_sleeper;
     QProcess m_stranger;
@@ -61,10 +52,9 @@ private slots:
         m_sleeper = m_fixture.writeEntry("nimbotest-sleeper.desktop", "Exec=sleep 300\n");
         m_tracker = std::make_shared<X11RunningApps>(m_launched);
         QVERIFY(m_tracker->isTracking());
-        m_defaults = std::make_unique<HVUserDefaults>(m_fixture.env().configHome() + "/Nimbo/Nimbo.conf");
         m_manager = std::make_unique<HVAppManager>(
-            m_defaults.get(), std::make_shared<GioEntryReader>(),
-            std::make_shared<DesktopAppActions>(m_tracker, m_launched, DesktopFixture::environment()));
+            &m_fixture.defaults(), std::make_shared<GioEntryReader>(),
+            std::make_shared<DesktopAppActions>(m_tracker, m_launched, QProcess::systemEnvironment()));
         m_manager->setRunningAppsSource(m_tracker.get());
     }
 
@@ -74,8 +64,6 @@ private slots:
             for (qint64 pid : m_launched->pidsForEntry(entry))
                 ::kill(pid_t(pid), SIGKILL);
         }
-        m_stranger.kill();
-        m_stranger.waitForFinished(5000);
     }
 
     void launchingPutsAppsInTheRunningListInLaunchOrder()
@@ -85,8 +73,6 @@ private slots:
             QTRY_VERIFY_WITH_TIMEOUT(m_manager->isAppRunning(record(entry)), 10000);
         }
         QCOMPARE(pathsOf(m_manager->runningApps()), QStringList({m_xterm, m_logo, m_calc}));
-        // The running records are the catalogue's.
-        QCOMPARE(m_manager->runningApps().first().get(), record(m_xterm).get());
         qint64 pid = 0;
         QVERIFY(record(m_xterm)->pid(&pid));
         QCOMPARE(m_launched->pidsForEntry(m_xterm), QList<qint64>({pid}));
@@ -101,7 +87,6 @@ private slots:
         QCOMPARE(pathsOf(m_manager->frontApps()).mid(m_manager->frontApps().size() - 3),
                  QStringList({m_xterm, m_calc, m_logo}));
         QCOMPARE(pathsOf(m_manager->frontApps()).count(m_logo), 1);
-        QCOMPARE(m_manager->lastActiveApp()->path(), m_logo);
     }
 
     void hidingIconifiesAndShowingRestores()
@@ -109,11 +94,11 @@ private slots:
         const QList<quint32> windows = m_tracker->windowsOfApplication(m_logo);
         QCOMPARE(windows.size(), 1);
         record(m_logo)->hide();
-        QTRY_COMPARE(wmState(windows.first()), QString("Iconic"));
+        QTRY_VERIFY(wmState(windows.first()).contains("Iconic"));
         // The application still runs while hidden.
         QVERIFY(m_manager->isAppRunning(record(m_logo)));
         record(m_logo)->show();
-        QTRY_COMPARE(wmState(windows.first()), QString("Normal"));
+        QTRY_VERIFY(wmState(windows.first()).contains("Normal"));
     }
 
     void launchingARunningAppActivatesIt()
@@ -126,7 +111,7 @@ private slots:
         QCOMPARE(m_launched->count(), launches);
     }
 
-    void quittingClosesTheAppAndItLeavesTheList()
+    void quittingClosesTheAppAndItLeavesTheListOrEndsItsProcess()
     {
         const qint64 pid = m_launched->pidsForEntry(m_xterm).value(0);
         m_manager->quitApp(record(m_xterm));
@@ -137,16 +122,14 @@ private slots:
         m_manager->quitApp(record(m_calc));
         QTRY_COMPARE(pathsOf(m_manager->runningApps()), QStringList({m_logo}));
         QVERIFY(!m_manager->frontApps().contains(record(m_calc)));
-    }
 
-    void quittingAnAppWithoutWindowsTerminatesItsProcesses()
-    {
+        // An application without windows is not running, but quitting it ends its process.
         QVERIFY(record(m_sleeper)->launchWithItems(std::nullopt));
         QTRY_COMPARE(m_launched->pidsForEntry(m_sleeper).size(), 1);
-        const qint64 pid = m_launched->pidsForEntry(m_sleeper).first();
+        const qint64 sleeper = m_launched->pidsForEntry(m_sleeper).first();
         QVERIFY(!m_manager->isAppRunning(record(m_sleeper)));
         m_manager->quitApp(record(m_sleeper));
-        QTRY_VERIFY(!ProcFs::isLiveProcessOfUser(pid));
+        QTRY_VERIFY(!ProcFs::isLiveProcessOfUser(sleeper));
     }
 
     void aWindowNoEntryClaimsCountsAsItsProgram()
@@ -165,5 +148,5 @@ private slots:
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestRunningApps, QApplication)
+QTEST_MAIN(TestRunningApps)
 #include "tst_runningapps.moc"

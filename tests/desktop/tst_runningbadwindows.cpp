@@ -24,8 +24,10 @@ public:
 
     xcb_atom_t atom(const char* name) { return X11Connection::intern(m_connection, name); }
 
-    // An unmapped window with the class given (its instance is the class in lower case) and no pid.
-    xcb_window_t create(const QByteArray& wmClass)
+    // A window with the class given (its instance is the class in lower case) and no pid, given the
+    // atom-valued properties ({property, value}) and then mapped unless `show` is false.
+    xcb_window_t create(const QByteArray& wmClass,
+                        const QList<std::pair<const char*, const char*>>& atoms = {}, bool show = true)
     {
         const xcb_window_t window = xcb_generate_id(m_connection);
         xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_screen->root, 0, 0, 100, 60, 0,
@@ -33,15 +35,14 @@ public:
         const QByteArray classes = wmClass.toLower() + '\0' + wmClass + '\0';
         xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
                             8, uint32_t(classes.size()), classes.constData());
+        for (const auto& [property, value] : atoms) {
+            const xcb_atom_t valueAtom = atom(value);
+            xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property), XCB_ATOM_ATOM,
+                                32, 1, &valueAtom);
+        }
+        if (show)
+            map(window);
         return window;
-    }
-    void setAtoms(xcb_window_t window, const char* property, const QList<const char*>& values)
-    {
-        QList<xcb_atom_t> atoms;
-        for (const char* value : values)
-            atoms.append(atom(value));
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property), XCB_ATOM_ATOM, 32,
-                            uint32_t(atoms.size()), atoms.constData());
     }
     void setTransientFor(xcb_window_t window, xcb_window_t parent)
     {
@@ -52,12 +53,6 @@ public:
     {
         xcb_map_window(m_connection, window);
         xcb_flush(m_connection);
-    }
-    xcb_window_t mapped(const QByteArray& wmClass)
-    {
-        const xcb_window_t window = create(wmClass);
-        map(window);
-        return window;
     }
     void destroy(xcb_window_t window)
     {
@@ -74,35 +69,28 @@ private:
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen = nullptr;
 };
-
-QStringList pathsOf(const QList<RunningApplication>& apps)
-{
-    QStringList paths;
-    for (const RunningApplication& app : apps)
-        paths.append(app.path);
-    return paths;
-}
 } // namespace
 
 class TestRunningBadWindows : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestRunningBadWindows(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
+    DesktopFixture m_fixture;
     RawWindows m_windows;
     std::unique_ptr<X11RunningApps> m_tracker;
-    QString m_classy, m_skippy, m_docky, m_loopy, m_late;
-    xcb_window_t m_main = XCB_WINDOW_NONE;
+    QString m_classy, m_loopy, m_late;
 
-    QStringList running() const { return pathsOf(m_tracker->runningApplications()); }
+    QStringList running() const
+    {
+        QStringList paths;
+        for (const RunningApplication& app : m_tracker->runningApplications())
+            paths.append(app.path);
+        return paths;
+    }
     // A later window shows that the tracker has read those before it: only it is added, and when
     // it goes the classy application alone runs again.
     void settle()
     {
-        const xcb_window_t late = m_windows.mapped("NimboLate");
+        const xcb_window_t late = m_windows.create("NimboLate");
         QTRY_COMPARE(running(), (QStringList{m_classy, m_late}));
         m_windows.destroy(late);
         QTRY_COMPARE(running(), QStringList{m_classy});
@@ -112,8 +100,9 @@ private slots:
     void initTestCase()
     {
         m_classy = m_fixture.writeEntry("nimbotest-classy.desktop", "Exec=sh\nStartupWMClass=NimboClassy\n");
-        m_skippy = m_fixture.writeEntry("nimbotest-skippy.desktop", "Exec=sh\nStartupWMClass=NimboSkippy\n");
-        m_docky = m_fixture.writeEntry("nimbotest-docky.desktop", "Exec=sh\nStartupWMClass=NimboDocky\n");
+        // Entries claim the windows kept off the taskbar: only their kind keeps them out.
+        m_fixture.writeEntry("nimbotest-skippy.desktop", "Exec=sh\nStartupWMClass=NimboSkippy\n");
+        m_fixture.writeEntry("nimbotest-docky.desktop", "Exec=sh\nStartupWMClass=NimboDocky\n");
         m_loopy = m_fixture.writeEntry("nimbotest-loopy.desktop", "Exec=sh\nStartupWMClass=NimboLoopy\n");
         m_late = m_fixture.writeEntry("nimbotest-late.desktop", "Exec=sh\nStartupWMClass=NimboLate\n");
         m_tracker = std::make_unique<X11RunningApps>();
@@ -124,11 +113,11 @@ private slots:
     // process does not count. A dialog counts for the window it belongs to, not as an application.
     void windowsWithoutAProcessAndDialogs()
     {
-        m_main = m_windows.mapped("NimboClassy");
-        m_windows.mapped("NimboNobody");
-        const xcb_window_t dialog = m_windows.create("NimboNobodyDialog");
-        m_windows.setTransientFor(dialog, m_main);
-        m_windows.setAtoms(dialog, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DIALOG"});
+        const xcb_window_t main = m_windows.create("NimboClassy");
+        m_windows.create("NimboNobody");
+        const xcb_window_t dialog = m_windows.create(
+            "NimboNobodyDialog", {{"_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DIALOG"}}, false);
+        m_windows.setTransientFor(dialog, main);
         m_windows.map(dialog);
         QTRY_COMPARE(m_tracker->windowsOfApplication(m_classy).size(), 2);
         QCOMPARE(running(), QStringList{m_classy});
@@ -138,20 +127,16 @@ private slots:
     // Kept off the taskbar, or not a normal window at all: not running.
     void windowsOffTheTaskbarDoNotCount()
     {
-        const xcb_window_t skipped = m_windows.create("NimboSkippy");
-        m_windows.setAtoms(skipped, "_NET_WM_STATE", {"_NET_WM_STATE_SKIP_TASKBAR"});
-        m_windows.map(skipped);
-        const xcb_window_t dock = m_windows.create("NimboDocky");
-        m_windows.setAtoms(dock, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
-        m_windows.map(dock);
+        m_windows.create("NimboSkippy", {{"_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR"}});
+        m_windows.create("NimboDocky", {{"_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"}});
         settle();
     }
 
     // Two windows each transient for the other: the walk up the chain stops.
     void circularTransientsDoNotHang()
     {
-        const xcb_window_t a = m_windows.create("NimboLoopy");
-        const xcb_window_t b = m_windows.create("NimboLoopy");
+        const xcb_window_t a = m_windows.create("NimboLoopy", {}, false);
+        const xcb_window_t b = m_windows.create("NimboLoopy", {}, false);
         m_windows.setTransientFor(a, b);
         m_windows.setTransientFor(b, a);
         m_windows.map(a);
@@ -166,7 +151,7 @@ private slots:
     void windowsThatVanishAtOnce()
     {
         for (int i = 0; i < 40; ++i)
-            m_windows.destroy(m_windows.mapped(i % 2 ? "NimboLate" : "NimboFleeting"));
+            m_windows.destroy(m_windows.create(i % 2 ? "NimboLate" : "NimboFleeting"));
         settle();
         QVERIFY(m_tracker->windowsOfApplication(m_late).isEmpty());
     }
@@ -179,10 +164,10 @@ private slots:
         QTRY_COMPARE(running(), QStringList());
         QCOMPARE(terminated.size(), 1);
         QVERIFY(!m_tracker->activateApplication(m_classy));
-        m_windows.mapped("NimboLate"); // the window manager writes its list again
+        m_windows.create("NimboLate"); // the window manager writes its list again
         QTRY_COMPARE(running(), (QStringList{m_classy, m_late}));
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestRunningBadWindows, QCoreApplication)
+QTEST_GUILESS_MAIN(TestRunningBadWindows)
 #include "tst_runningbadwindows.moc"

@@ -1,13 +1,13 @@
 // The catalogue's running list, front order and last active application, fed by a source
 // whose answers the test sets.
-#include "desktopfixture.h"
+#include "support/catalogueharness.h"
 
 #include "catalogue/hvappmanager.h"
 #include "catalogue/iconloader.h"
 #include "catalogue/runningappssource.h"
 #include "platform/desktopiconsource.h"
 
-#include <QSignalSpy>
+#include <QtTest>
 
 namespace {
 class FakeSource : public RunningAppsSource
@@ -41,38 +41,25 @@ const auto pathsOf = &HVAppManager::pathsFromApps;
 class TestRunningCatalogue : public QObject
 {
     Q_OBJECT
-public:
-    explicit TestRunningCatalogue(DesktopFixture& fixture) : m_fixture(fixture) {}
-
-private:
-    DesktopFixture& m_fixture;
-    int m_configs = 0;
-    std::unique_ptr<HVUserDefaults> m_defaults;
-    std::unique_ptr<HVAppManager> m_manager;
+    std::unique_ptr<CatalogueHarness> h;
     std::unique_ptr<FakeSource> m_source;
 
-    HVAppManager& manager() { return *m_manager; }
+    HVAppManager& manager() { return h->manager(); }
 
 private slots:
     void init()
     {
-        const QString conf = m_fixture.env().root() + QStringLiteral("/conf%1/Nimbo.conf").arg(++m_configs);
-        m_defaults = std::make_unique<HVUserDefaults>(conf);
-        m_manager = std::make_unique<HVAppManager>(m_defaults.get());
+        h = std::make_unique<CatalogueHarness>();
         m_source = std::make_unique<FakeSource>();
+        manager().setRunningAppsSource(m_source.get()); // cases that fill the source first set it again
     }
-    void cleanup()
-    {
-        m_manager.reset();
-        m_source.reset();
-        m_defaults.reset();
-    }
+    void cleanup() { h.reset(); }
 
     void givingTheSourceFillsTheListAndStartsTheFrontOrder()
     {
         m_source->apps = {{"/a/B.desktop", {}, {}}, {"/a/A.desktop", {}, {}}};
         m_source->active = "/a/A.desktop";
-        QSignalSpy changes(m_manager.get(), &HVAppManager::didChange);
+        QSignalSpy changes(&manager(), &HVAppManager::didChange);
         manager().setRunningAppsSource(m_source.get());
         QCOMPARE(pathsOf(manager().runningApps()), QStringList({"/a/B.desktop", "/a/A.desktop"}));
         QCOMPARE(pathsOf(manager().frontApps()), QStringList({"/a/A.desktop"}));
@@ -84,7 +71,6 @@ private slots:
     {
         const HVAppRef catalogued = manager().appForPath("/a/A.desktop");
         catalogued->setIcon(QImage(4, 4, QImage::Format_ARGB32));
-        manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop", "/a/B.desktop"});
         QCOMPARE(manager().runningApps().first().get(), catalogued.get());
         const HVAppRef b = manager().runningApps().at(1);
@@ -108,7 +94,7 @@ private slots:
         DesktopIconSource::Settings icons = DesktopIconSource::userSettings();
         icons.cacheFolder.clear();
         IconLoader::sharedIconLoader()->setIconSource(std::make_shared<DesktopIconSource>(icons));
-        m_defaults->setInteger(96, "maximumIconSize");
+        h->defaults().setInteger(96, "maximumIconSize");
         manager().loadIconsForApps(manager().runningApps());
         QVERIFY(IconLoader::sharedIconLoader()->waitUntilIdle(10000));
         IconLoader::sharedIconLoader()->setIconSource(nullptr);
@@ -116,14 +102,9 @@ private slots:
         QCOMPARE(eyes->colorSortParameters().iconSize, quint64(96));
     }
 
-    void listFollowsLaunchOrderOrTheSortOrder()
+    void withoutLaunchOrderTheListFollowsTheSortOrder()
     {
-        manager().setRunningAppsSource(m_source.get());
-        m_defaults->setInteger(HVAppManager::SortByName, "groupContentsSortOrder");
-        m_source->run({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop"});
-        QCOMPARE(pathsOf(manager().runningApps()),
-                 QStringList({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop"}));
-        m_defaults->setBool(false, "sortRunningByLaunchOrder");
+        h->defaults().setBool(false, "sortRunningByLaunchOrder");
         m_source->run({"/x/Zed.desktop", "/x/Alpha.desktop", "/x/Mid.desktop", "/x/Beta.desktop"});
         QCOMPARE(pathsOf(manager().runningApps()),
                  QStringList({"/x/Alpha.desktop", "/x/Beta.desktop", "/x/Mid.desktop", "/x/Zed.desktop"}));
@@ -132,7 +113,6 @@ private slots:
     void lastActiveAppSkipsThisProgram()
     {
         const QString own = m_source->own;
-        manager().setRunningAppsSource(m_source.get());
         QVERIFY(!manager().lastActiveApp());
         // When this program is all that runs, the walk ends at the first record: this program.
         m_source->run({own});
@@ -152,7 +132,6 @@ private slots:
 
     void activeAndRunningAppsAreFoundByPath()
     {
-        manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop"});
         QVERIFY(manager().isAppRunning(std::make_shared<HVApp>("/a/./A.desktop")));
         QVERIFY(!manager().isAppRunning(std::make_shared<HVApp>("/a/a.desktop")));
@@ -168,7 +147,6 @@ private slots:
 
     void aSourceThatGoesAwayLeavesNothingRunning()
     {
-        manager().setRunningAppsSource(m_source.get());
         m_source->run({"/a/A.desktop"});
         m_source.reset();
         QVERIFY(!manager().runningAppsSource());
@@ -179,5 +157,5 @@ private slots:
     }
 };
 
-NIMBO_DESKTOP_TEST_MAIN(TestRunningCatalogue, QCoreApplication)
+QTEST_GUILESS_MAIN(TestRunningCatalogue)
 #include "tst_runningcatalogue.moc"

@@ -4,7 +4,6 @@
 #include "desktopfixture.h"
 
 #include "browser/hviconview.h"
-#include "catalogue/hvappmanager.h"
 #include "shell/hvpanelbutton.h"
 #include "shell/hvpanelcontrols.h"
 #include "shell/hvstatusmenu.h"
@@ -12,29 +11,25 @@
 #include "shell/hvwindow.h"
 
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QtTest>
 
 namespace {
 const QString Bin = QStringLiteral(NIMBO_BINARY_DIR "/src/");
 
-// Notes the size a widget has when it is first shown.
+// Watching the whole application, notes the size of the panel when that is first shown.
 class ShowWatch : public QObject
 {
 public:
-    ShowWatch(QWidget* widget, QSize* size) : m_size(size) { widget->installEventFilter(this); }
+    QSize size;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Show && !m_size->isValid())
-            *m_size = static_cast<QWidget*>(watched)->size();
+        if (event->type() == QEvent::Show && qobject_cast<HVWindow*>(watched) && !size.isValid())
+            size = static_cast<QWidget*>(watched)->size();
         return false;
     }
-
-private:
-    QSize* m_size;
 };
 } // namespace
 
@@ -43,7 +38,7 @@ class TestShell : public QObject
     Q_OBJECT
     DesktopFixture desktop;
     HVUserDefaults* defaults = &desktop.defaults();
-    std::unique_ptr<HVController> controller;
+    HVController* controller = nullptr;
 
     HVWindow* panel() { return controller->mainWindow(); }
 
@@ -51,24 +46,21 @@ private slots:
     void initTestCase()
     {
         desktop.writeEntry("clock.desktop", "Name=Clock\nExec=xclock\n");
-        desktop.writeEntry("eyes.desktop", "Name=Eyes\nExec=xeyes\n");
-        desktop.writeEntry("terminal.desktop", "Name=Terminal\nExec=xterm\n");
-        defaults->setBool(false, "showWelcomeWindow"); // no tour over the panel
-        controller = std::make_unique<HVController>(defaults);
-        controller->awakeFromNib();
-        controller->applicationWillFinishLaunching();
-        QSize shownAt;
-        ShowWatch watch(panel(), &shownAt);
-        controller->applicationDidFinishLaunching();
+        // The terminal stands in for any application: it records its launch.
+        const QByteArray record = QFile::encodeName(desktop.recordFile("terminal"));
+        desktop.writeEntry("terminal.desktop",
+                           "Name=Terminal\nExec=" NIMBO_ARGV_RECORDER " --no-window " + record);
+        ShowWatch shown;
+        qApp->installEventFilter(&shown);
+        controller = desktop.startNimbo();
         // The panel opens at launch, centred on the screen, with the catalogue already in it:
         // it does not open small and empty and then grow.
         QTRY_VERIFY(controller->mainWindowIsVisible());
-        QCOMPARE(shownAt, panel()->size());
+        QCOMPARE(shown.size, panel()->size());
         QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY(qAbs(panel()->geometry().center().x() - screen.center().x()) <= 1);
         QVERIFY(qAbs(panel()->geometry().center().y() - screen.center().y()) <= 1);
-        QCOMPARE(controller->iconView()->groupToShow(), 1);
         QCOMPARE(defaults->integerForKey("applicationLaunchCount"), 1);
     }
 
@@ -108,24 +100,18 @@ private slots:
         QCOMPARE(panel()->windowOpacity(), 1.0);
     }
 
-    void escapeHides()
+    void escapeHidesTabStepsTheGroupsAndTheCloseButtonHides()
     {
         QTRY_VERIFY(panel()->isActiveWindow());
         QVERIFY(xdotool({"key", "Escape"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
-    }
-
-    void tabStepsTheGroupsAndTheCloseButtonHides()
-    {
         xdotool({"key", "ctrl+Tab"});
         QTRY_VERIFY(controller->mainWindowIsVisible());
         QTRY_VERIFY(panel()->isActiveWindow());
         QVERIFY(xdotool({"key", "Tab"}));
         QTRY_COMPARE(controller->iconView()->groupToShow(), 8);
-        QVERIFY(xdotool({"key", "shift+Tab"}));
-        QTRY_COMPARE(controller->iconView()->groupToShow(), 1);
         const QPoint close = panel()->controls()->closeButton()->mapToGlobal(QPoint(9, 9));
-        QVERIFY(xdotool({"mousemove", QString::number(close.x()), QString::number(close.y()), "click", "1"}));
+        QVERIFY(moveTo(close) && xdotool({"click", "1"}));
         QTRY_VERIFY(!controller->mainWindowIsVisible());
     }
 
@@ -141,11 +127,7 @@ private slots:
         // Hidden as Escape hides it: the group remembered, the filter gone for the next showing.
         QCOMPARE(defaults->integerForKey("groupShownWhenWindowClosed"), 1);
         QCOMPARE(controller->iconView()->filterSubstring(), QString());
-        QTRY_VERIFY_WITH_TIMEOUT(xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
-        const HVAppRef terminal = controller->appManager()->appForPath(desktop.entryPath("terminal"));
-        QTRY_VERIFY(controller->appManager()->isAppRunning(terminal));
-        controller->appManager()->quitApp(terminal);
-        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--class", "xterm"}), 10000);
+        QCOMPARE(DesktopFixture::recordedArguments(desktop.recordFile("terminal")), QList<QByteArray>());
     }
 
     void theGroupShownLastIsRemembered()
@@ -197,7 +179,7 @@ private slots:
 
     void quittingAsksOnlyWhenNimboCouldNotBeReachedAgain()
     {
-        QSignalSpy quit(controller.get(), &HVController::quitRequested);
+        QSignalSpy quit(controller, &HVController::quitRequested);
         controller->quitApp(); // a taskbar entry remains: no question
         QCOMPARE(quit.count(), 1);
 
@@ -205,7 +187,7 @@ private slots:
         defaults->setBool(false, "showIconInDock");
         QVERIFY(controller->isAppRunningDockless());
         HVTranslations::install(*qApp, QLocale("de"));
-        HVStatusMenu menu(controller.get());
+        HVStatusMenu menu(controller);
         QCOMPARE(menu.actions().last()->text(), "Nimbo beenden");
         bool asked = false;
         QTimer::singleShot(300, this, [&asked] {
@@ -227,7 +209,7 @@ private slots:
 
     void oneNimboAtATimeAndNimboctlReachesIt()
     {
-        controller.reset(); // this process's catalogue and bus name go away
+        desktop.stopNimbo(); // this process's catalogue and bus name go away
         const ProgramRun alone = nimboctl({"toggle"});
         QCOMPARE(alone.exitCode, 1);
         QVERIFY(alone.err.contains("not running"));

@@ -25,9 +25,7 @@ class StatusNotifierWatcher : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
-    Q_PROPERTY(QStringList RegisteredStatusNotifierItems READ items)
     Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hostRegistered)
-    Q_PROPERTY(int ProtocolVersion READ protocolVersion)
 public:
     QStringList items() const
     {
@@ -35,7 +33,6 @@ public:
         return m_items;
     }
     bool hostRegistered() const { return true; }
-    int protocolVersion() const { return 0; }
 
 public slots:
     void RegisterStatusNotifierItem(const QString& service)
@@ -43,31 +40,28 @@ public slots:
         QMutexLocker lock(&m_mutex);
         m_items.append(service);
     }
-    void RegisterStatusNotifierHost(const QString&) {}
 
 private:
     mutable QMutex m_mutex;
     QStringList m_items;
 };
 
-// One entry of a com.canonical.dbusmenu layout: (id, properties, children).
-struct MenuNode
+// The id of the item labelled so in a com.canonical.dbusmenu layout (id, properties, children); -1 if none.
+int itemLabelled(const QDBusArgument& layout, const QString& label)
 {
     int id = 0;
     QVariantMap properties;
-    QList<MenuNode> children;
-};
-
-MenuNode readMenuNode(const QDBusArgument& argument)
-{
-    MenuNode node;
     QVariantList children;
-    argument.beginStructure();
-    argument >> node.id >> node.properties >> children;
-    argument.endStructure();
-    for (const QVariant& child : children)
-        node.children.append(readMenuNode(child.value<QDBusArgument>()));
-    return node;
+    layout.beginStructure();
+    layout >> id >> properties >> children;
+    layout.endStructure();
+    if (properties.value("label").toString() == label)
+        return id;
+    for (const QVariant& child : children) {
+        if (const int found = itemLabelled(child.value<QDBusArgument>(), label); found >= 0)
+            return found;
+    }
+    return -1;
 }
 
 // Waits for a D-Bus call while the main thread keeps serving Nimbo's side of it.
@@ -79,22 +73,12 @@ QDBusMessage await(const QDBusPendingCall& call)
     return pending.reply();
 }
 
-bool moveTo(int x, int y)
-{
-    return xdotool({"mousemove", QString::number(x), QString::number(y)});
-}
-
 // An ordinary window of another kind, under the top-left corner, that counts its clicks.
 class Beneath : public QWidget
 {
 public:
     int presses = 0;
-    Beneath() : QWidget(nullptr, Qt::FramelessWindowHint)
-    {
-        setGeometry(0, 0, 200, 200);
-        setAutoFillBackground(true);
-        setPalette(QPalette(Qt::green));
-    }
+    Beneath() : QWidget(nullptr, Qt::FramelessWindowHint) { setGeometry(0, 0, 200, 200); }
 
 protected:
     void mousePressEvent(QMouseEvent*) override { ++presses; }
@@ -128,20 +112,10 @@ class TestTriggers : public QObject
         const QDBusMessage reply =
             await(callItem("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
                            {QString("org.kde.StatusNotifierItem"), QString("Menu")}));
-        if (reply.arguments().isEmpty())
-            return {};
-        return qvariant_cast<QDBusVariant>(reply.arguments().first())
+        return qvariant_cast<QDBusVariant>(reply.arguments().value(0))
             .variant()
             .value<QDBusObjectPath>()
             .path();
-    }
-    QList<MenuNode> exportedMenu()
-    {
-        const QDBusMessage reply =
-            await(callItem(menuPath(), "com.canonical.dbusmenu", "GetLayout", {0, -1, QStringList()}));
-        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 2)
-            return {};
-        return readMenuNode(reply.arguments().at(1).value<QDBusArgument>()).children;
     }
 
     QString autostart() const { return env.configHome() + "/autostart/com.halvorndesign.Nimbo.desktop"; }
@@ -155,17 +129,16 @@ class TestTriggers : public QObject
     {
         return controller->hotSpotWindow() ? controller->hotSpotWindow()->view() : nullptr;
     }
-    bool panelVisible() const { return controller->mainWindowIsVisible(); }
     void hidePanel()
     {
-        if (panelVisible())
+        if (controller->mainWindowIsVisible())
             controller->explicitHideMainWindow();
-        QTRY_VERIFY(!panelVisible());
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
     }
     // Away from the corner, and the hot spot knows it.
     void moveAway()
     {
-        QVERIFY(moveTo(800, 500));
+        QVERIFY(moveTo({800, 500}));
         QTRY_VERIFY(!spot()->isHighlighted() && !spot()->hasPendingAction());
         QTest::qWait(PointerTracker::InsideIntervalMs + 50);
     }
@@ -194,7 +167,7 @@ private slots:
                                    SLOT(launcherUpdated(QString, QVariantMap))));
 
         desktop.writeEntry("clock.desktop", "Exec=xclock\n");
-        QVERIFY(moveTo(800, 500));
+        QVERIFY(moveTo({800, 500}));
         controller = desktop.startNimbo({{"showWindowAtLaunch", false},
                                          {"highlightHotSpots", true},
                                          {"cursorHotSpotLocation", HVHotSpotWindow::TopLeftCorner}});
@@ -226,11 +199,11 @@ private slots:
     {
         // Choosing the shared status menu's rescan, as the tray host shows it, runs a scan: the
         // tray image and the taskbar entry follow it.
-        int rescan = -1;
-        for (const MenuNode& node : exportedMenu()) {
-            if (node.properties.value("label").toString() == "Rescan Applications")
-                rescan = node.id;
-        }
+        const QDBusMessage layout =
+            await(callItem(menuPath(), "com.canonical.dbusmenu", "GetLayout", {0, -1, QStringList()}));
+        QCOMPARE(layout.arguments().size(), 2);
+        const int rescan =
+            itemLabelled(layout.arguments().at(1).value<QDBusArgument>(), "Rescan Applications");
         QVERIFY(rescan > 0);
         newIcons = 0;
         launcherUpdates.clear();
@@ -270,9 +243,8 @@ private slots:
             env.writeFile("config/autostart/com.halvorndesign.Nimbo.desktop", text);
             controller->readStartAtLogin();
             QVERIFY2(!defaults->boolForKey("startAtLogin"), what);
-            defaults->setBool(true, "startAtLogin"); // turning it on again replaces the entry
+            defaults->setBool(true, "startAtLogin"); // turning it on again replaces the entry with ours
             QVERIFY2(LaunchAtLogin().launchAtLogin(), what);
-            QVERIFY2(!autostartText().contains("Hidden=true"), what);
         }
 
         // Turning it off removes the entry; a program path with spaces survives the quoting.
@@ -281,7 +253,6 @@ private slots:
         LaunchAtLogin spaced(env.writeFile("my apps/nimbo", "#!/bin/sh\n"));
         QVERIFY(spaced.setLaunchAtLogin(true));
         QVERIFY(spaced.launchAtLogin());
-        QVERIFY(!LaunchAtLogin().launchAtLogin());
         QVERIFY(LaunchAtLogin().setLaunchAtLogin(false)); // not ours: left alone
         QVERIFY(QFile::exists(autostart()));
         QVERIFY(spaced.setLaunchAtLogin(false));
@@ -295,34 +266,31 @@ private slots:
         QDir(autostart()).removeRecursively();
     }
 
-    void theCornerOpensThePanelAfterTheDelay()
+    void theCornerOpensThePanelAfterTheDelayOnly()
     {
         hidePanel();
+        // Left before the delay: nothing opens.
+        QVERIFY(moveTo({0, 0}));
+        QTRY_VERIFY(spot()->hasPendingAction());
+        moveAway();
+        QTest::qWait(500);
+        QVERIFY(!controller->mainWindowIsVisible());
+
         QElapsedTimer sinceArrival;
         sinceArrival.start();
-        QVERIFY(moveTo(0, 0));
+        QVERIFY(moveTo({0, 0}));
         QTRY_VERIFY(spot()->hasPendingAction());
-        QTRY_VERIFY(panelVisible());
+        QTRY_VERIFY(controller->mainWindowIsVisible());
         QVERIFY(sinceArrival.elapsed() >= 350);
 
         // Visible, the panel hides as soon as the pointer comes back: hiding needs no dwell.
         moveAway();
-        QVERIFY(panelVisible());
-        QVERIFY(moveTo(0, 0));
+        QVERIFY(controller->mainWindowIsVisible());
+        QVERIFY(moveTo({0, 0}));
         QTRY_VERIFY(spot()->isHighlighted());
         QVERIFY(!spot()->hasPendingAction());
-        QTRY_VERIFY(!panelVisible());
+        QTRY_VERIFY(!controller->mainWindowIsVisible());
         moveAway();
-    }
-
-    void leavingBeforeTheDelayOpensNothing()
-    {
-        QVERIFY(moveTo(0, 0));
-        QTRY_VERIFY(spot()->hasPendingAction());
-        QVERIFY(moveTo(800, 500));
-        QTRY_VERIFY(!spot()->hasPendingAction());
-        QTest::qWait(500);
-        QVERIFY(!panelVisible());
     }
 
     void clicksThereReachTheWindowBeneath()
@@ -331,7 +299,7 @@ private slots:
         beneath.show();
         QVERIFY(QTest::qWaitForWindowExposed(&beneath));
         QTRY_COMPARE(beneath.geometry().topLeft(), QPoint(0, 0));
-        QVERIFY(moveTo(1, 1));
+        QVERIFY(moveTo({1, 1}));
         QTRY_VERIFY(spot()->isHighlighted());
         QVERIFY(xdotool({"click", "1"}));
         QTRY_COMPARE(beneath.presses, 1);
@@ -339,10 +307,10 @@ private slots:
         hidePanel();
 
         // A drag that arrives at the spot counts as the pointer.
-        QVERIFY(moveTo(100, 100));
+        QVERIFY(moveTo({100, 100}));
         QVERIFY(xdotool({"mousedown", "1"}));
-        QVERIFY(moveTo(0, 0));
-        QTRY_VERIFY(panelVisible());
+        QVERIFY(moveTo({0, 0}));
+        QTRY_VERIFY(controller->mainWindowIsVisible());
         QVERIFY(xdotool({"mouseup", "1"}));
         moveAway();
         hidePanel();
