@@ -33,56 +33,50 @@ QList<quint64> counts(const QList<SortedColor>& list)
 }
 } // namespace
 
-Q_DECLARE_METATYPE(IconParameters)
-Q_DECLARE_METATYPE(std::vector<SpectrumColor>)
-
 class TestColourState : public QObject
 {
     Q_OBJECT
 private slots:
-    void colorSortValue_data()
+    void colorSortValue()
     {
-        QTest::addColumn<std::vector<SpectrumColor>>("colours");
-        QTest::addColumn<IconParameters>("params");
-        QTest::addColumn<double>("value");
-        const auto row = [](const char* tag, std::vector<SpectrumColor> colours, IconParameters params,
-                            double value) { QTest::newRow(tag) << colours << params << value; };
+        // Each case: its name, the colours and parameters, the value; a display list exists
+        // exactly when the value is not 10.0.
+        const auto check = [](const char* tag, std::vector<SpectrumColor> colours, IconParameters params,
+                              double value) {
+            const HVColourState state = picked(std::move(colours), params);
+            const auto named = [tag](double v, bool listed) {
+                return QString(tag) + ": " + QString::number(v, 'g', 17) + (listed ? ", listed" : "");
+            };
+            QCOMPARE(named(state.colorSortValue(), !state.sortedColors().isEmpty()),
+                     named(value, value != 10.0));
+        };
         // Coloured icons by their primary's hue, turned by the wrap hue. The primary is the
         // strongest coloured colour; on equal weights the earlier one.
-        row("wrapped", {colour(10.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 10.0 / 360.0 - 30.0 / 360.0 + 1.0);
-        row("at the wrap", {colour(30.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 0.0);
-        row("strongest", {colour(10.0, 0.2, 0.5, 100), colour(200.0, 0.9, 0.5, 100)}, {}, 200.0 / 360.0);
-        row("earlier", {colour(40.0, 0.5, 0.5, 100), colour(80.0, 0.5, 0.5, 100)}, {}, 40.0 / 360.0);
+        check("wrapped", {colour(10.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f},
+              10.0 / 360.0 - 30.0 / 360.0 + 1.0);
+        check("at the wrap", {colour(30.0, 0.8, 0.5, 100)}, {.wrapHue = 30.0f}, 0.0);
+        check("strongest", {colour(10.0, 0.2, 0.5, 100), colour(200.0, 0.9, 0.5, 100)}, {}, 200.0 / 360.0);
+        check("earlier", {colour(40.0, 0.5, 0.5, 100), colour(80.0, 0.5, 0.5, 100)}, {}, 40.0 / 360.0);
         // Grey icons by lightness (white at 1 however light: the display list test's white). A
         // black colour sorts last among the greys. (An icon of black alone never yields one: its
         // weightless colour ranks behind the empty hue bins.)
-        row("below black", {colour(0.0, 0.0, -0.1, 100)}, {}, 1.5);
+        check("below black", {colour(0.0, 0.0, -0.1, 100)}, {}, 1.5);
         // Coloured pixels exactly 5 % of all, threshold 0.05: not coloured (the test is strict).
-        row("5 % coloured", {colour(0.0, 0.0, 0.6, 950), colour(120.0, 0.5, 0.5, 50)}, {}, 1.2);
-        row("5.1 % coloured", {colour(0.0, 0.0, 0.6, 949), colour(120.0, 0.5, 0.5, 51)}, {}, 120.0 / 360.0);
+        check("5 % coloured", {colour(0.0, 0.0, 0.6, 950), colour(120.0, 0.5, 0.5, 50)}, {}, 1.2);
+        check("5.1 % coloured", {colour(0.0, 0.0, 0.6, 949), colour(120.0, 0.5, 0.5, 51)}, {}, 120.0 / 360.0);
         // A colour is coloured from the minimum saturation as stored, a float: 0.14f is a little
         // more than 0.14.
-        row("saturation 0.14f", {colour(100.0, double(0.14f), 0.5, 100)}, {}, 100.0 / 360.0);
-        row("saturation 0.14", {colour(100.0, 0.14, 0.5, 100)}, {}, 1.25);
+        check("saturation 0.14f", {colour(100.0, double(0.14f), 0.5, 100)}, {}, 100.0 / 360.0);
+        check("saturation 0.14", {colour(100.0, 0.14, 0.5, 100)}, {}, 1.25);
         // Grey icons by their secondary colour, 1 + half its hue; without one 1.75, black 2.0.
         const IconParameters bySecondary{.sortGrayBySecColor = true};
-        row("no secondary", {colour(0.0, 0.0, 0.5, 100)}, bySecondary, 1.75);
-        row("black, no secondary", {colour(0.0, 0.0, -0.5, 100)}, bySecondary, 2.0);
-        row("secondary", {colour(0.0, 0.0, 0.5, 1000), colour(180.0, 0.5, 0.5, 40)}, bySecondary, 1.25);
+        check("no secondary", {colour(0.0, 0.0, 0.5, 100)}, bySecondary, 1.75);
+        check("black, no secondary", {colour(0.0, 0.0, -0.5, 100)}, bySecondary, 2.0);
+        check("secondary", {colour(0.0, 0.0, 0.5, 1000), colour(180.0, 0.5, 0.5, 40)}, bySecondary, 1.25);
         // Coloured, but not enough of it, and no grey either: 10.0 without a message.
-        row("nothing", {colour(10.0, 0.5, 0.5, 100)}, {.colorFraction = 1.0f}, 10.0);
-        row("no colours", {}, {}, 10.0);
-        row("colours of no pixels", {colour(10.0, 0.5, 0.5, 0)}, {}, 10.0);
-    }
-
-    void colorSortValue()
-    {
-        QFETCH(std::vector<SpectrumColor>, colours);
-        QFETCH(IconParameters, params);
-        QFETCH(double, value);
-        const HVColourState state = picked(colours, params);
-        QCOMPARE_EXACT(state.colorSortValue(), value);
-        QCOMPARE(state.sortedColors().isEmpty(), value == 10.0);
+        check("nothing", {colour(10.0, 0.5, 0.5, 100)}, {.colorFraction = 1.0f}, 10.0);
+        check("no colours", {}, {}, 10.0);
+        check("colours of no pixels", {colour(10.0, 0.5, 0.5, 0)}, {}, 10.0);
     }
 
     void nothingToSortBy()
@@ -130,7 +124,6 @@ private slots:
         red.luv = Luv_From_XYZ(XYZ_From_LinearRGB({1.0, 0.0, 0.0, 1.0}));
         red.count = 3, red.saturation = 1.79, red.luminosity = 0.53, red.hue = 12.17;
         QCOMPARE(picked({red}).sortedColors().first().hexName(), QStringLiteral("#ff0000"));
-        QCOMPARE(picked({red}).colorArrayForPrimaryIndex(0, 1, -1).size(), 0); // out of range
     }
 
     void reanalyseOrRepick()
