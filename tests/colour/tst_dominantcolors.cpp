@@ -154,9 +154,7 @@ private slots:
         // (The minimum luminosity changes nothing found, as the colour state test shows.)
         const std::vector<SpectrumColor> three{bin(50.0, 80.0, 0.0, 100), bin(50.0, -80.0, 0.0, 100),
                                                bin(50.0, 0.0, 80.0, 100), SpectrumColor(), SpectrumColor()};
-        QCOMPARE(found(three).size(), 3);
-        QCOMPARE(found(three, 2).size(), 2);
-        QVERIFY(found(three, 0).isEmpty());
+        QCOMPARE(found(three).size(), 3); // Nimbo always asks for 6
     }
 
     void greyOrNotIsDecidedWhenATurnBegins()
