@@ -176,43 +176,37 @@ private slots:
         QVERIFY(QFile::exists(writing)); // perhaps another Nimbo's, still writing
     }
 
-    void damagedCacheFileIsRebuilt_data()
-    {
-        QTest::addColumn<QString>("damage");
-        for (const char* damage : {"flip", "truncate", "empty", "garbage"})
-            QTest::newRow(damage) << QString(damage);
-    }
-
     void damagedCacheFileIsRebuilt()
     {
-        QFETCH(QString, damage);
-        TestEnvironment env;
-        const QString path = entry(env, "gimp", "gimp");
-        const Start first = start(env, path);
-        const QString file = IconDiskCache(settings(env).cacheFolder).fileForKey({path, 48, "Papirus"});
-        QFile cache(file);
-        QVERIFY(cache.open(QIODevice::ReadWrite));
-        QByteArray bytes = cache.readAll();
-        if (damage == "flip")
-            bytes[bytes.size() / 2] = char(bytes[bytes.size() / 2] ^ 0x40);
-        else if (damage == "truncate")
-            bytes.truncate(bytes.size() * 2 / 3);
-        else if (damage == "empty")
-            bytes.clear();
-        else
-            bytes = QByteArray(bytes.size(), 'x');
-        QVERIFY(cache.resize(0) && cache.seek(0) && cache.write(bytes) == bytes.size());
-        cache.close();
+        for (const QString damage : {"flip", "truncate", "empty", "garbage"}) {
+            TestEnvironment env;
+            const QString path = entry(env, "gimp", "gimp");
+            const Start first = start(env, path);
+            const QString file = IconDiskCache(settings(env).cacheFolder).fileForKey({path, 48, "Papirus"});
+            QFile cache(file);
+            QVERIFY(cache.open(QIODevice::ReadWrite));
+            QByteArray bytes = cache.readAll();
+            if (damage == "flip")
+                bytes[bytes.size() / 2] = char(bytes[bytes.size() / 2] ^ 0x40);
+            else if (damage == "truncate")
+                bytes.truncate(bytes.size() * 2 / 3);
+            else if (damage == "empty")
+                bytes.clear();
+            else
+                bytes = QByteArray(bytes.size(), 'x');
+            QVERIFY(cache.resize(0) && cache.seek(0) && cache.write(bytes) == bytes.size());
+            cache.close();
 
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression("^Icon cache file " + QRegularExpression::escape(file) +
-                                                " for .* is unusable .*: removed"));
-        const Start repaired = start(env, path);
-        QCOMPARE(repaired.counts.renders, 1);
-        QCOMPARE(repaired.counts.rejectedEntries, 1);
-        QCOMPARE(repaired.icon.image, first.icon.image);
-        // Written anew: the start after that takes it as it is.
-        QCOMPARE(start(env, path).counts.cacheHits, 1);
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression("^Icon cache file " + QRegularExpression::escape(file) +
+                                                    " for .* is unusable .*: removed"));
+            // Rendered again, once, as before; written anew: the start after that takes it as it is.
+            const Start repaired = start(env, path);
+            QVERIFY2(repaired.counts.renders == 1 && repaired.counts.rejectedEntries == 1 &&
+                         repaired.icon.image == first.icon.image,
+                     qPrintable(damage));
+            QVERIFY2(start(env, path).counts.cacheHits == 1, qPrintable(damage));
+        }
     }
 };
 
