@@ -55,21 +55,18 @@ inline QByteArray pngHeader(quint32 width, quint32 height)
 // An index.theme with the given folders, each "path:Type:Size[:Min:Max]".
 inline QByteArray indexTheme(const QString& name, const QString& inherits, const QStringList& folders)
 {
-    QByteArray text = "[Icon Theme]\nName=" + name.toUtf8() + "\n";
-    if (!inherits.isEmpty())
-        text += "Inherits=" + inherits.toUtf8() + "\n";
     QStringList paths;
-    for (const QString& folder : folders)
-        paths.append(folder.section(QLatin1Char(':'), 0, 0));
-    text += "Directories=" + paths.join(QLatin1Char(',')).toUtf8() + "\n";
+    QString groups;
     for (const QString& folder : folders) {
         const QStringList parts = folder.split(QLatin1Char(':'));
-        text +=
-            "\n[" + parts[0].toUtf8() + "]\nType=" + parts[1].toUtf8() + "\nSize=" + parts[2].toUtf8() + "\n";
+        paths.append(parts[0]);
+        groups += QStringLiteral("\n[%1]\nType=%2\nSize=%3\n").arg(parts[0], parts[1], parts[2]);
         if (parts.size() == 5)
-            text += "MinSize=" + parts[3].toUtf8() + "\nMaxSize=" + parts[4].toUtf8() + "\n";
+            groups += QStringLiteral("MinSize=%1\nMaxSize=%2\n").arg(parts[3], parts[4]);
     }
-    return text;
+    const QString parents = inherits.isEmpty() ? QString() : "Inherits=" + inherits + "\n";
+    return ("[Icon Theme]\nName=" + name + "\n" + parents + "Directories=" + paths.join(',') + "\n" + groups)
+        .toUtf8();
 }
 
 // A desktop entry naming `icon` (no Icon key when it is null).
