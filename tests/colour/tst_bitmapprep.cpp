@@ -26,8 +26,7 @@ private slots:
     {
         // Any byte-ordered layout is analysed through the very image, whatever its size.
         const QImage icon = filledBitmap(7, 5, 10, 20, 30, 255);
-        const HVBitmapRep rep = HVImageExtras::bitmapImageRep(icon);
-        QCOMPARE(rep.bitmapData(), icon.constBits());
+        QCOMPARE(HVImageExtras::bitmapImageRep(icon).bitmapData(), icon.constBits());
         // Native-endian 32-bit images are drawn into an RGBA bitmap of their own size.
         QImage argb(3, 3, QImage::Format_ARGB32_Premultiplied);
         argb.fill(QColor(255, 0, 0, 128));

@@ -49,9 +49,8 @@ QByteArray lineFor(const QString& path, const IconParameters& params)
 {
     const QSize size(int(std::min<quint64>(params.iconSize, 128)),
                      int(std::min<quint64>(params.iconSize, 128)));
-    QString error;
     const QImage icon =
-        HVImageExtras::bitmapImageRepOfSize(HVImageExtras::readImage(path, size, &error), size);
+        HVImageExtras::bitmapImageRepOfSize(HVImageExtras::readImage(path, size, nullptr), size);
     HVColourState state;
     state.setColorSortParameters(params, icon, path);
     QJsonArray colors, sorted;

@@ -120,9 +120,7 @@ private slots:
         white.setColorSortParameters({}, filledBitmap(16, 16, 255, 255, 255), "White");
         QCOMPARE(white.sortedColors().first().hexName(), QStringLiteral("#ffffff"));
         QCOMPARE_EXACT(white.colorSortValue(), 1.0);
-        SpectrumColor red;
-        red.luv = Luv_From_XYZ(XYZ_From_LinearRGB({1.0, 0.0, 0.0, 1.0}));
-        red.count = 3, red.saturation = 1.79, red.luminosity = 0.53, red.hue = 12.17;
+        const SpectrumColor red{Luv_From_XYZ(XYZ_From_LinearRGB({1.0, 0.0, 0.0, 1.0})), 3, 12.17, 1.79, 0.53};
         QCOMPARE(picked({red}).sortedColors().first().hexName(), QStringLiteral("#ff0000"));
     }
 
