@@ -163,8 +163,7 @@ private slots:
         // saturation below the minimum, yet it still does not merge with the grey that follows.
         std::vector<SpectrumColor> bins{bin(50.0, 20.0, 0.0, 1000), bin(50.0, -15.0, 0.0, 1000),
                                         bin(50.0, 5.0, 0.0, 10)};
-        const quint32 total = MergeSpectrumBins(bins, 0.14, 50.0);
-        QCOMPARE(total, quint32(2010));
+        QCOMPARE(MergeSpectrumBins(bins, 0.14, 50.0), quint32(2010));
         QCOMPARE(bins[0].count, quint64(2000));
         QVERIFY(bins[0].saturation < 0.14);
         QCOMPARE(bins[1].count, quint64(0));
