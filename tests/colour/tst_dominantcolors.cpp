@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <cstring>
 #include <thread>
 
 namespace {
@@ -44,6 +45,10 @@ private slots:
         // clear icons show.)
         const QImage faint = filledBitmap(3, 1, 40, 20, 10, 100);
         QCOMPARE(ColorHistogramFromBitmap(HVBitmapRep::fromImage(faint))->at(0).count, quint64(1));
+        // Without alpha every pixel counts 1.
+        QImage opaque(3, 2, QImage::Format_RGB888);
+        opaque.fill(QColor(1, 2, 3));
+        QCOMPARE(ColorHistogramFromBitmap(HVBitmapRep::fromImage(opaque))->at(0).count, quint64(6));
     }
 
     void histogramFollowsBucketsAndChains()
@@ -61,6 +66,35 @@ private slots:
         for (const ColorCount& r : *rows)
             order << QString::asprintf("%d %d %d x%llu", r.red, r.green, r.blue, qulonglong(r.count));
         QCOMPARE(order, (QStringList{"1 0 0 x1", "0 174 138 x1", "10 20 30 x2"})); // the newer colour first
+    }
+
+    void greyAndDeepBitmaps()
+    {
+        QImage grey(3, 1, QImage::Format_Grayscale8);
+        grey.scanLine(0)[0] = 90, grey.scanLine(0)[1] = 7, grey.scanLine(0)[2] = 90;
+        const auto rows = ColorHistogramFromBitmap(HVBitmapRep::fromImage(grey));
+        QCOMPARE(rows->size(), size_t(2));
+        QCOMPARE((QList<int>{rows->at(0).red, rows->at(0).green, rows->at(0).blue}), (QList<int>{7, 7, 7}));
+        QCOMPARE(rows->at(1).count, quint64(2));
+
+        // 16-bit samples are read by their first byte, the low byte on this machine.
+        QImage deep(1, 1, QImage::Format_RGBA64);
+        quint16* p = reinterpret_cast<quint16*>(deep.scanLine(0));
+        p[0] = 0x1234, p[1] = 0x5678, p[2] = 0x9abc, p[3] = 0xffff;
+        const auto deepRows = ColorHistogramFromBitmap(HVBitmapRep::fromImage(deep));
+        const int firstByte = reinterpret_cast<const uchar*>(p)[0];
+        QCOMPARE(int(deepRows->at(0).red), firstByte);
+        QCOMPARE(deepRows->at(0).count, quint64(1)); // alpha byte 0xff
+    }
+
+    void layoutLargerThanItsBytesIsNotRead()
+    {
+        HVBitmapLayout tooBig; // 100 x 100 RGBA pixels
+        tooBig.pixelsWide = tooBig.pixelsHigh = 100, tooBig.samplesPerPixel = 4, tooBig.bitsPerSample = 8;
+        tooBig.bitsPerPixel = 32, tooBig.bytesPerRow = 400, tooBig.hasAlpha = true;
+        tooBig.colorSpaceModel = HVColorSpaceModelRGB;
+        QVERIFY(!HVBitmapRep::withLayout(tooBig, QByteArray(64, '\x7f'))
+                     .createDominantColorsWithCount(6, 0.14, 0, 50));
     }
 
     void greyTestAtTheThreshold()
@@ -176,16 +210,16 @@ private slots:
         // rebuilt meanwhile for another gamma: each analysis must still decode through a whole
         // table of its own gamma, and each thread's reused colour table must keep analyses apart
         // and leave no colour behind.
+        const auto analyse = [](const QImage& icon) {
+            return *HVBitmapRep::fromImage(icon).createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
+        };
         // Compared whole, bit for bit (a SpectrumColor is eight 8-byte fields, without padding).
         static_assert(sizeof(SpectrumColor) == 8 * sizeof(double));
-        const auto analyse = [](const QImage& icon) {
-            const auto found =
-                HVBitmapRep::fromImage(icon).createDominantColorsWithCount(6, 0.14, 0.02, 50.0);
-            return QByteArray(reinterpret_cast<const char*>(found->data()),
-                              qsizetype(found->size() * sizeof(SpectrumColor)));
+        const auto same = [](const std::vector<SpectrumColor>& a, const std::vector<SpectrumColor>& b) {
+            return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(a[0])) == 0;
         };
         std::vector<QImage> icons;
-        std::vector<QByteArray> expected;
+        std::vector<std::vector<SpectrumColor>> expected;
         for (int k = 0; k < 4; ++k) {
             QImage icon = filledBitmap(32, 32, uchar(40 * k), 120, uchar(200 - 40 * k), 255);
             for (int y = 0; y < 32; ++y)
@@ -200,7 +234,7 @@ private slots:
         for (int t = 0; t < 4; ++t) {
             threads.emplace_back([&, t] {
                 for (size_t i = 0; i < 2000; ++i) {
-                    mismatches += analyse(icons[(t + i) % 4]) != expected[(t + i) % 4];
+                    mismatches += !same(analyse(icons[(t + i) % 4]), expected[(t + i) % 4]);
                     const auto other = LinearRGB_Float_From_GammaRGB_UInt8(1.8);
                     mismatches += other->gamma != 1.8 || other->values[200] != std::pow(200 / 255.0, 1.8);
                 }
