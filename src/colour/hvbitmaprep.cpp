@@ -74,31 +74,19 @@ HVBitmapRep HVBitmapRep::fromImage(const QImage& image)
     return rep;
 }
 
-HVBitmapRep HVBitmapRep::withLayout(const HVBitmapLayout& layout, const QByteArray& data)
-{
-    HVBitmapRep rep;
-    rep.m_layout = layout;
-    rep.m_data = data;
-    return rep;
-}
-
 const uchar* HVBitmapRep::bitmapData() const
 {
-    if (!m_image.isNull())
-        return m_image.constBits();
-    return m_data.isEmpty() ? nullptr : reinterpret_cast<const uchar*>(m_data.constData());
+    return m_image.isNull() ? nullptr : m_image.constBits();
 }
 
 uchar* HVBitmapRep::mutableBitmapData()
 {
-    if (!m_image.isNull())
-        return m_image.bits();
-    return m_data.isEmpty() ? nullptr : reinterpret_cast<uchar*>(m_data.data());
+    return m_image.isNull() ? nullptr : m_image.bits();
 }
 
 qint64 HVBitmapRep::dataSize() const
 {
-    return m_image.isNull() ? m_data.size() : m_image.sizeInBytes();
+    return m_image.isNull() ? 0 : m_image.sizeInBytes();
 }
 
 std::array<const uchar*, 5> HVBitmapRep::planes() const

@@ -1,7 +1,6 @@
 // A bitmap as the colour analysis sees it: a block of bytes plus its layout (size, samples per
 // pixel, bits per sample and pixel, bytes per row, alpha first or last, premultiplied or not,
-// planar or interleaved, grey or RGB). It describes a QImage's own bytes without copying them,
-// or bytes laid out by hand.
+// planar or interleaved, grey or RGB). It describes a QImage's own bytes without copying them.
 #pragma once
 
 #include "dominantcolor.h"
@@ -55,9 +54,6 @@ public:
     // Describes the image's bytes. Formats whose bytes are grey or R, G, B (and alpha) in this
     // order get a grey or RGB model; any other format's model is unknown.
     static HVBitmapRep fromImage(const QImage& image);
-    // Bytes laid out by hand; a planar bitmap's planes follow one another, each
-    // bytesPerRow x pixelsHigh bytes.
-    static HVBitmapRep withLayout(const HVBitmapLayout& layout, const QByteArray& data);
 
     bool isNull() const { return m_layout.pixelsWide <= 0 || m_layout.pixelsHigh <= 0 || dataSize() == 0; }
     const HVBitmapLayout& layout() const { return m_layout; }
@@ -67,8 +63,7 @@ public:
     const uchar* bitmapData() const;
     std::array<const uchar*, 5> planes() const;
     qint64 dataSize() const;
-    QImage image() const { return m_image; } // the image described (null for bytes laid out by hand)
-    QByteArray data() const { return m_data; }
+    QImage image() const { return m_image; }
 
     // The layout record for reading pixels; imageGamma is clamped into [1/3, 1.0].
     bool initializePixelManipulationOffsets(PixelManipulationOffsets* offsets, double imageGamma) const;
@@ -93,6 +88,5 @@ private:
     uchar* mutableBitmapData();
 
     HVBitmapLayout m_layout;
-    QImage m_image;    // the described image, or
-    QByteArray m_data; // bytes laid out by hand
+    QImage m_image; // the described image
 };

@@ -87,16 +87,6 @@ private slots:
         QCOMPARE(deepRows->at(0).count, quint64(1)); // alpha byte 0xff
     }
 
-    void layoutLargerThanItsBytesIsNotRead()
-    {
-        HVBitmapLayout tooBig; // 100 x 100 RGBA pixels
-        tooBig.pixelsWide = tooBig.pixelsHigh = 100, tooBig.samplesPerPixel = 4, tooBig.bitsPerSample = 8;
-        tooBig.bitsPerPixel = 32, tooBig.bytesPerRow = 400, tooBig.hasAlpha = true;
-        tooBig.colorSpaceModel = HVColorSpaceModelRGB;
-        QVERIFY(!HVBitmapRep::withLayout(tooBig, QByteArray(64, '\x7f'))
-                     .createDominantColorsWithCount(6, 0.14, 0, 50));
-    }
-
     void greyTestAtTheThreshold()
     {
         // Just below the grey limit: grey; just above it: coloured, even for a colour that
