@@ -7,7 +7,7 @@ class TestIconViewPointer : public QObject
     Q_OBJECT
 
 private slots:
-    void selectionFollowsThePointerAndRepaintsOnlyTheCellsThatChange()
+    void selectionFollowsThePointerRepaintingOnlyTheCellsThatChangeAndAClickActsOnRelease()
     {
         IconViewFixture f;
         f.showGroup(5);
@@ -33,12 +33,8 @@ private slots:
         HVNotificationCenter::defaultCenter()->postNotificationName("N_AppIconChanged",
                                                                     QVariant::fromValue(f.app("Delta")));
         QTRY_COMPARE(paints.painted, QRegion(f.view->rectOfApp(f.app("Delta")).toAlignedRect()));
-    }
 
-    void aClickActsOnReleaseOnTheAppPressed()
-    {
-        IconViewFixture f;
-        f.showGroup(5);
+        // A click acts on release, on the app pressed.
         QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
         QTest::mousePress(f.view.get(), Qt::LeftButton, {}, f.centreOf("Gamma"));
         QCOMPARE(launches.count(), 0);
