@@ -7,15 +7,13 @@ class TestIconViewTyping : public QObject
 {
     Q_OBJECT
 
-    static QList<QStringList> apps()
-    {
-        return {{"Safari", "Sane Scanner", "System Monitor"}, {"Text Editor", "Terminal", "Safe Box"}};
-    }
+    static inline const QList<QStringList> Apps{{"Safari", "Sane Scanner", "System Monitor"},
+                                                {"Text Editor", "Terminal", "Safe Box"}};
 
 private slots:
     void oneLetterMatchesInitialsLongerTextNamesAndSearchWords()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.app("Terminal")->setSearchText("shell\ncommand line\nxterm");
         f.app("Safe Box")->setSearchText("vault");
         f.showGroup(1);
@@ -44,7 +42,7 @@ private slots:
     {
         // The bunches stand side by side, each a column: Safari, Sane Scanner, System Monitor |
         // Text Editor, Terminal, Safe Box.
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.showGroup(1);
         const QList<QPair<Qt::Key, QString>> steps{
             {Qt::Key_Right, "Safari"},        {Qt::Key_Right, "Sane Scanner"},
@@ -68,7 +66,7 @@ private slots:
 
     void heldKeysSpacesDeleteAndTheCommandChords()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.showGroup(1);
         QVERIFY(f.key(Qt::Key_Space, " ")); // consumed, but no word to follow
         QCOMPARE(f.view->filterSubstring(), QString());
@@ -103,7 +101,7 @@ private slots:
 
     void returnLaunchesOnlyASingleMatchOnAnotherThread()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.showGroup(1);
         QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
         f.type("saf");
