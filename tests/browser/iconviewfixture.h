@@ -93,9 +93,6 @@ public:
     explicit IconViewFixture(const QList<QStringList>& bunches = FiveApps, const QStringList& excluded = {},
                              const QList<QStringList>& favourites = {})
     {
-        defaults = std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
-        actions = std::make_shared<RecordingActions>();
-        manager = std::make_unique<HVAppManager>(defaults.get(), nullptr, actions);
         write(HVListFileNames::AllApplications, bunches);
         write(HVListFileNames::ExcludedApplications, {excluded}, true);
         if (!favourites.isEmpty())
@@ -158,9 +155,10 @@ public:
     }
 
     TestEnvironment env;
-    std::unique_ptr<HVUserDefaults> defaults;
-    std::shared_ptr<RecordingActions> actions;
-    std::unique_ptr<HVAppManager> manager;
+    std::unique_ptr<HVUserDefaults> defaults =
+        std::make_unique<HVUserDefaults>(env.configHome() + "/Nimbo/Nimbo.conf");
+    std::shared_ptr<RecordingActions> actions = std::make_shared<RecordingActions>();
+    std::unique_ptr<HVAppManager> manager = std::make_unique<HVAppManager>(defaults.get(), nullptr, actions);
     std::unique_ptr<HVIconView> view;
 
     // Writes a list file: the bunches given, or with `flat` their names as one list.

@@ -4,16 +4,6 @@
 // apps. (The grid's own numbers for such input are checked in tst_layoutbadinput.)
 #include "iconviewfixture.h"
 
-namespace {
-QStringList numbered(const QString& stem, int count)
-{
-    QStringList names;
-    for (int i = 0; i < count; ++i)
-        names.append(QString("%1 %2").arg(stem).arg(i));
-    return names;
-}
-} // namespace
-
 class TestIconViewBadInput : public QObject
 {
     Q_OBJECT
@@ -55,7 +45,9 @@ private slots:
 
     void fiveThousandAppsInOneBunch()
     {
-        const QStringList names = numbered("App", 5000);
+        QStringList names;
+        for (int i = 0; i < 5000; ++i)
+            names.append(QString("App %1").arg(i));
         IconViewFixture f({names});
         f.showGroup(1);
         QVERIFY(f.view->width() <= 800 && f.view->height() <= 600);
@@ -74,8 +66,8 @@ private slots:
     void threeHundredBunchesOfOne()
     {
         QList<QStringList> solos;
-        for (const QString& name : numbered("Solo", 300))
-            solos.append({name});
+        for (int i = 0; i < 300; ++i)
+            solos.append({QString("Solo %1").arg(i)});
         IconViewFixture f(solos);
         f.view->setMaxIconViewSize(QSizeF(1900, 1000));
         f.showGroup(1);

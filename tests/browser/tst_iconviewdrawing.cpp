@@ -39,32 +39,9 @@ class TestIconViewDrawing : public QObject
     }
 
 private slots:
-    void excludedAppsFadeAndAFileDropLightsTheAppThatCanOpenIt()
+    void scanningShowsOnlyTheProgressTextExcludedAppsFadeAndAFileDropLightsTheAppThatCanOpenIt()
     {
         IconViewFixture f(IconViewFixture::FiveApps, {"Epsilon"});
-        showAllWithRedIcons(f);
-        QImage image = rendered(*f.view, Qt::white);
-        QVERIFY(near(image.pixelColor(f.centreOf("Alpha")), 255, 0, 0));
-        // Epsilon at 0.15 over the panel, black at 0.85 x 0.3 over white: 190.
-        QVERIFY(
-            near(image.pixelColor(f.centreOf("Epsilon")), 190 * 0.85 + 255 * 0.15, 190 * 0.85, 190 * 0.85));
-        // A drop lights the app under the pointer that opens the files and fades the rest.
-        HVIconDragState drop;
-        drop.dragDropInProgress = true;
-        drop.droppableApps = {f.app("Beta")};
-        f.view->setDragState(drop);
-        f.view->selectCoords(f.view->coordsOfApp(f.app("Beta")));
-        image = rendered(*f.view, Qt::white);
-        const QRectF beta = f.view->rectOfApp(f.app("Beta"));
-        // White (the text colour on a black panel) in the padding around the icon.
-        QVERIFY(near(image.pixelColor(int(beta.left()) + 1, int(beta.center().y())), 255, 255, 255));
-        QVERIFY(near(image.pixelColor(f.centreOf("Beta")), 255, 0, 0));
-        QVERIFY(near(image.pixelColor(f.centreOf("Alpha")), 190 * 0.85 + 255 * 0.15, 190 * 0.85, 190 * 0.85));
-    }
-
-    void scanningShowsOnlyTheProgressText()
-    {
-        IconViewFixture f;
         showAllWithRedIcons(f);
         HVNotificationCenter* center = HVNotificationCenter::defaultCenter();
         center->postNotificationName("N_ShowProgressStep", {}, {{"step", 2}, {"count", 5}, {"label", "~/x"}});
@@ -72,7 +49,20 @@ private slots:
         QVERIFY(near(rendered(*f.view, Qt::white).pixelColor(f.centreOf("Alpha")), 190, 190, 190));
         center->postNotificationName("N_ShowProgressStep", {}, {{"step", 0}, {"count", 0}, {"label", ""}});
         QVERIFY(!f.view->isBusyScanning());
-        QVERIFY(near(rendered(*f.view, Qt::white).pixelColor(f.centreOf("Alpha")), 255, 0, 0));
+        QImage image = rendered(*f.view, Qt::white);
+        QVERIFY(near(image.pixelColor(f.centreOf("Alpha")), 255, 0, 0));
+        // Epsilon at 0.15 over the panel, black at 0.85 x 0.3 over white: 190.
+        QVERIFY(
+            near(image.pixelColor(f.centreOf("Epsilon")), 190 * 0.85 + 255 * 0.15, 190 * 0.85, 190 * 0.85));
+        // A drop lights the app under the pointer that opens the files and fades the rest.
+        f.view->setDragState({.dragDropInProgress = true, .movedApp = {}, .droppableApps = {f.app("Beta")}});
+        f.view->selectCoords(f.view->coordsOfApp(f.app("Beta")));
+        image = rendered(*f.view, Qt::white);
+        const QRectF beta = f.view->rectOfApp(f.app("Beta"));
+        // White (the text colour on a black panel) in the padding around the icon.
+        QVERIFY(near(image.pixelColor(int(beta.left()) + 1, int(beta.center().y())), 255, 255, 255));
+        QVERIFY(near(image.pixelColor(f.centreOf("Beta")), 255, 0, 0));
+        QVERIFY(near(image.pixelColor(f.centreOf("Alpha")), 190 * 0.85 + 255 * 0.15, 190 * 0.85, 190 * 0.85));
     }
 
     void colourSpectrumsReplaceTheIconsOnRequest()
@@ -115,10 +105,7 @@ private slots:
     {
         IconViewFixture f(IconViewFixture::FiveApps, {}, IconViewFixture::FiveApps);
         f.showGroup(8);
-        HVIconDragState move;
-        move.dragMoveInProgress = true;
-        move.movedApp = f.app("Epsilon");
-        f.view->setDragState(move);
+        f.view->setDragState({.dragMoveInProgress = true, .movedApp = f.app("Epsilon"), .droppableApps = {}});
         const auto markedWhenSelected = [&f](const QString& name) {
             const Coords cell = f.view->coordsOfApp(f.app(name));
             f.view->selectCoords(cell);

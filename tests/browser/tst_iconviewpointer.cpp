@@ -7,7 +7,7 @@ class TestIconViewPointer : public QObject
     Q_OBJECT
 
 private slots:
-    void selectionFollowsThePointerAndRepaintsOnlyTheCellsThatChange()
+    void selectionFollowsThePointerRepaintingOnlyTheCellsThatChangeAndAClickActsOnRelease()
     {
         IconViewFixture f;
         f.showGroup(5);
@@ -33,12 +33,8 @@ private slots:
         HVNotificationCenter::defaultCenter()->postNotificationName("N_AppIconChanged",
                                                                     QVariant::fromValue(f.app("Delta")));
         QTRY_COMPARE(paints.painted, QRegion(f.view->rectOfApp(f.app("Delta")).toAlignedRect()));
-    }
 
-    void aClickActsOnReleaseOnTheAppPressed()
-    {
-        IconViewFixture f;
-        f.showGroup(5);
+        // A click acts on release, on the app pressed.
         QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
         QTest::mousePress(f.view.get(), Qt::LeftButton, {}, f.centreOf("Gamma"));
         QCOMPARE(launches.count(), 0);
@@ -57,7 +53,7 @@ private slots:
         QCOMPARE(f.actions->revealed, QStringList({"Delta"}));
     }
 
-    void shiftClicksExcludeIncludeAndSettleWhenShiftIsLetGo()
+    void shiftClicksExcludeIncludeAndSettleOptionShowsAllAppsAndFnFadesTheAppsNotRunning()
     {
         IconViewFixture f(IconViewFixture::FiveApps, {"Epsilon"}, {{"Alpha", "Delta"}});
         f.showGroup(1);
@@ -83,12 +79,9 @@ private slots:
         QTest::mouseClick(f.view.get(), Qt::LeftButton, Qt::ShiftModifier, f.centreOf("Delta"));
         QCOMPARE(f.manager->userApps1D(), HVAppBunch({f.app("Alpha")}));
         QVERIFY(!f.manager->excludedApps1D().contains(f.app("Delta")));
-    }
 
-    void optionShowsAllAppsAndFnFadesTheAppsNotRunning()
-    {
-        IconViewFixture f(IconViewFixture::FiveApps, {"Epsilon"});
-        f.showGroup(1);
+        // Option shows all apps, and Fn fades the apps not running.
+        f.view->setGroupToShow(1);
         QSignalSpy shown(f.view.get(), &HVIconView::groupShownChanged);
         f.modifiers(Qt::AltModifier);
         QCOMPARE(f.view->groupShown(), 5);

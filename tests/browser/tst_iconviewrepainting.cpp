@@ -5,12 +5,9 @@
 #include <QScreen>
 
 namespace {
-QList<QStringList> apps()
-{
-    return {{"Safari", "Sane Scanner", "System Monitor", "Safe Box"},
-            {"Text Editor", "Terminal", "Tetris", "Thunar"},
-            {"Mail", "Maps", "Music", "Notes"}};
-}
+const QList<QStringList> Apps{{"Safari", "Sane Scanner", "System Monitor", "Safe Box"},
+                              {"Text Editor", "Terminal", "Tetris", "Thunar"},
+                              {"Mail", "Maps", "Music", "Notes"}};
 
 // Every icon a colour of its own, so that a cell painted wrong shows.
 void colourIcons(IconViewFixture& f)
@@ -23,14 +20,11 @@ void colourIcons(IconViewFixture& f)
     }
 }
 
-QImage onScreen(QWidget& view)
+// What is on the screen is what a whole repaint draws.
+bool showsAWholeRepaint(QWidget& view)
 {
-    return view.screen()->grabWindow(view.winId()).toImage().convertToFormat(QImage::Format_RGB32);
-}
-
-QImage drawnWhole(QWidget& view)
-{
-    return view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    return view.screen()->grabWindow(view.winId()).toImage().convertToFormat(QImage::Format_RGB32) ==
+           view.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 } // namespace
 
@@ -49,7 +43,7 @@ class TestIconViewRepainting : public QObject
 private slots:
     void aKeystrokeRepaintsOnlyTheCellsWhoseFadingChanged()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         colourIcons(f);
         f.showGroup(1);
         QCoreApplication::processEvents();
@@ -78,15 +72,15 @@ private slots:
 
     void afterRepaintingPiecesTheScreenShowsWhatAWholeRepaintDraws()
     {
-        IconViewFixture f(apps(), {"Tetris"});
+        IconViewFixture f(Apps, {"Tetris"});
         colourIcons(f);
         f.showGroup(5); // all apps: the excluded one faded too
-        QTRY_COMPARE(onScreen(*f.view), drawnWhole(*f.view));
+        QTRY_VERIFY(showsAWholeRepaint(*f.view));
         // Lines between bunches and the rounded corners come through pieces untouched.
         QTest::mouseMove(f.view.get(), f.centreOf("Maps"));
         QTest::mouseMove(f.view.get(), f.centreOf("Safari"));
         QCoreApplication::processEvents();
-        QCOMPARE(onScreen(*f.view), drawnWhole(*f.view));
+        QVERIFY(showsAWholeRepaint(*f.view));
         // Side by side, stacked and flat, the bunches place their cells otherwise: letters that
         // fade cells, and a Delete that brings them back.
         for (int orientation : {2, 1, 0}) {
@@ -95,10 +89,9 @@ private slots:
             for (const QString& typed : {QStringLiteral("s"), QStringLiteral("a"), QStringLiteral("\b")}) {
                 f.key(typed == "\b" ? Qt::Key_Backspace : Qt::Key(typed.toUpper().at(0).unicode()), typed);
                 QCoreApplication::processEvents();
-                QVERIFY2(onScreen(*f.view) == drawnWhole(*f.view),
-                         qPrintable(QString("orientation %1, filter '%2'")
-                                        .arg(orientation)
-                                        .arg(f.view->filterSubstring())));
+                QVERIFY2(showsAWholeRepaint(*f.view), qPrintable(QString("orientation %1, filter '%2'")
+                                                                     .arg(orientation)
+                                                                     .arg(f.view->filterSubstring())));
             }
         }
     }

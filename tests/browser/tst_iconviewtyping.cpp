@@ -7,15 +7,13 @@ class TestIconViewTyping : public QObject
 {
     Q_OBJECT
 
-    static QList<QStringList> apps()
-    {
-        return {{"Safari", "Sane Scanner", "System Monitor"}, {"Text Editor", "Terminal", "Safe Box"}};
-    }
+    static inline const QList<QStringList> Apps{{"Safari", "Sane Scanner", "System Monitor"},
+                                                {"Text Editor", "Terminal", "Safe Box"}};
 
 private slots:
     void oneLetterMatchesInitialsLongerTextNamesAndSearchWords()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.app("Terminal")->setSearchText("shell\ncommand line\nxterm");
         f.app("Safe Box")->setSearchText("vault");
         f.showGroup(1);
@@ -44,7 +42,7 @@ private slots:
     {
         // The bunches stand side by side, each a column: Safari, Sane Scanner, System Monitor |
         // Text Editor, Terminal, Safe Box.
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.showGroup(1);
         const QList<QPair<Qt::Key, QString>> steps{
             {Qt::Key_Right, "Safari"},        {Qt::Key_Right, "Sane Scanner"},
@@ -66,9 +64,9 @@ private slots:
         QTRY_COMPARE(f.actions->launches(), QStringList{"Terminal"});
     }
 
-    void heldKeysSpacesDeleteAndEscape()
+    void heldKeysSpacesDeleteAndTheCommandChords()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.showGroup(1);
         QVERIFY(f.key(Qt::Key_Space, " ")); // consumed, but no word to follow
         QCOMPARE(f.view->filterSubstring(), QString());
@@ -89,11 +87,21 @@ private slots:
         QCOMPARE(f.view->filterSubstring(), QString());
         QVERIFY(!f.key(Qt::Key_S, "\x13", Qt::ControlModifier)); // chords never type
         QCOMPARE(f.view->filterSubstring(), QString());
+
+        // Command-equals and -minus change the rows of bunches.
+        const int rows = f.view->iconLayout().rowCount();
+        QVERIFY(f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
+        QCOMPARE(f.view->iconLayout().rowCount(), rows + 1);
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
+        QCOMPARE(f.view->iconLayout().rowCount(), 1); // never fewer than one
+        f.view->setGroupToShow(2);                    // a flat list has no rows to force
+        QVERIFY(!f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
     }
 
     void returnLaunchesOnlyASingleMatchOnAnotherThread()
     {
-        IconViewFixture f(apps());
+        IconViewFixture f(Apps);
         f.showGroup(1);
         QSignalSpy launches(f.view.get(), &HVIconView::appLaunchRequested);
         f.type("saf");
@@ -117,20 +125,6 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, "Invalid application path: /apps/Terminal.desktop");
         QVERIFY(f.key(Qt::Key_Return, "\r"));
         QCOMPARE(launches.count(), 2);
-    }
-
-    void commandEqualsAndMinusChangeTheRowsOfBunches()
-    {
-        IconViewFixture f(apps());
-        f.showGroup(1);
-        const int rows = f.view->iconLayout().rowCount();
-        QVERIFY(f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
-        QCOMPARE(f.view->iconLayout().rowCount(), rows + 1);
-        for (int i = 0; i < 3; ++i)
-            QVERIFY(f.key(Qt::Key_Minus, "-", Qt::ControlModifier));
-        QCOMPARE(f.view->iconLayout().rowCount(), 1); // never fewer than one
-        f.view->setGroupToShow(2);                    // a flat list has no rows to force
-        QVERIFY(!f.key(Qt::Key_Equal, "=", Qt::ControlModifier));
     }
 };
 

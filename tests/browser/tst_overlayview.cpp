@@ -34,61 +34,7 @@ class TestOverlayView : public QObject
     Q_OBJECT
 
 private slots:
-    void theNameShowsAtOnceTheLongLabelOnlyAfterARest()
-    {
-        OverlayFixture f;
-        QVERIFY(QTest::qWaitForWindowExposed(&f.panel));
-        QSignalSpy longLabel(f.overlay, &HVIconOverlayView::longLabelShown);
-        QTest::mouseMove(f.view.get(), f.centreOf("Alpha"));
-        QCOMPARE(f.overlay->labelText(), QString("Alpha"));
-        QVERIFY(!f.overlay->showsLongLabel());
-        // Moving on restarts the wait.
-        QTest::mouseMove(f.view.get(), f.centreOf("Beta"));
-        QVERIFY(longLabel.wait(4000));
-        QCOMPARE(longLabel.count(), 1);
-        QCOMPARE(f.overlay->labelText(), QString("Beta\n/apps"));
-        // Off every app the label goes.
-        QTest::mouseMove(f.view.get(), QPoint(f.centreOf("Beta").x(), 3));
-        QCOMPARE(f.overlay->labelText(), QString());
-        f.overlay->grab(); // draws with nothing selected
-    }
-
-    void theLabelSitsBesideTheCellInsideThePanel_data()
-    {
-        QTest::addColumn<int>("orientation");
-        QTest::addColumn<bool>("tablet");
-        QTest::addColumn<int>("hand");
-        QTest::addColumn<QString>("side");
-        QTest::newRow("rows of bunches: below") << 0 << false << 0 << "below";
-        QTest::newRow("columns of bunches: right") << 2 << false << 0 << "right";
-        QTest::newRow("tablet, left hand: right") << 0 << true << 1 << "right";
-        QTest::newRow("tablet, right hand: left") << 0 << true << 0 << "left";
-    }
-    void theLabelSitsBesideTheCellInsideThePanel()
-    {
-        QFETCH(int, orientation);
-        QFETCH(bool, tablet);
-        QFETCH(int, hand);
-        QFETCH(QString, side);
-        OverlayFixture f;
-        f.defaults->setInteger(orientation, "groupOrientation");
-        f.defaults->setBool(tablet, "tabletMode");
-        f.defaults->setInteger(hand, "tabletHandedness");
-        QTest::mouseMove(f.view.get(), QPoint(1, 1));
-        QTest::mouseMove(f.view.get(), f.centreOf("Epsilon"));
-        QCOMPARE(f.overlay->selectedApp(), f.app("Epsilon"));
-        const QRectF cell = f.view->rectOfApp(f.app("Epsilon")).translated(f.view->mapTo(&f.panel, QPoint()));
-        const QRectF label = f.overlay->labelRect(QSizeF(60, 18));
-        QVERIFY(f.overlay->rect().contains(label.toRect()));
-        QVERIFY(!label.intersects(cell));
-        const QString actual = label.top() >= cell.bottom()   ? "below"
-                               : label.bottom() <= cell.top() ? "above"
-                               : label.left() >= cell.right() ? "right"
-                                                              : "left";
-        QCOMPARE(actual, side);
-    }
-
-    void theTypedFilterShowsThenFadesAfterThePause()
+    void theTypedFilterFadesAfterThePauseTheNameShowsAtOnceTheLongLabelAfterARest()
     {
         OverlayFixture f;
         QVERIFY(QTest::qWaitForWindowExposed(&f.panel));
@@ -105,6 +51,56 @@ private slots:
         QVERIFY(faded.wait(4000));
         QCOMPARE(f.overlay->filterString(), QString());
         QCOMPARE(f.overlay->grab().toImage(), clear);
+        // The name under the pointer shows at once, the long label after a rest.
+        QSignalSpy longLabel(f.overlay, &HVIconOverlayView::longLabelShown);
+        QTest::mouseMove(f.view.get(), f.centreOf("Alpha"));
+        QCOMPARE(f.overlay->labelText(), QString("Alpha"));
+        QVERIFY(!f.overlay->showsLongLabel());
+        // Moving on restarts the wait.
+        QTest::mouseMove(f.view.get(), f.centreOf("Beta"));
+        QVERIFY(longLabel.wait(4000));
+        QCOMPARE(longLabel.count(), 1);
+        QCOMPARE(f.overlay->labelText(), QString("Beta\n/apps"));
+        // Off every app the label goes.
+        QTest::mouseMove(f.view.get(), QPoint(f.centreOf("Beta").x(), 3));
+        QCOMPARE(f.overlay->labelText(), QString());
+        f.overlay->grab(); // draws with nothing selected
+        // An app that disappears under the pointer is drawn safely, at any panel alpha.
+        QTest::mouseMove(f.view.get(), f.centreOf("Gamma"));
+        f.write(HVListFileNames::AllApplications, {{"Alpha"}});
+        f.manager->readAllAppsFromDisk();
+        f.manager->rebuildDependentApps();
+        QVERIFY(!f.overlay->grab().isNull());
+        f.defaults->setDouble(7, "windowAlpha");
+        f.defaults->setDouble(0, "windowAlpha");
+        QVERIFY(!f.overlay->grab().isNull());
+    }
+
+    void theLabelSitsBesideTheCellInsideThePanel()
+    {
+        // Orientation, tablet mode and hand, and the side the label takes.
+        const std::tuple<int, bool, int, QString> cases[] = {
+            {0, false, 0, "below"}, {2, false, 0, "right"}, {0, true, 1, "right"}, {0, true, 0, "left"}};
+        for (const auto& [orientation, tablet, hand, side] : cases) {
+            OverlayFixture f;
+            f.defaults->setInteger(orientation, "groupOrientation");
+            f.defaults->setBool(tablet, "tabletMode");
+            f.defaults->setInteger(hand, "tabletHandedness");
+            QTest::mouseMove(f.view.get(), QPoint(1, 1));
+            QTest::mouseMove(f.view.get(), f.centreOf("Epsilon"));
+            const QRectF cell =
+                f.view->rectOfApp(f.app("Epsilon")).translated(f.view->mapTo(&f.panel, QPoint()));
+            const QRectF label = f.overlay->labelRect(QSizeF(60, 18));
+            const QString actual = f.overlay->selectedApp() != f.app("Epsilon")  ? "no app"
+                                   : !f.overlay->rect().contains(label.toRect()) ? "outside"
+                                   : label.intersects(cell)                      ? "over the cell"
+                                   : label.top() >= cell.bottom()                ? "below"
+                                   : label.bottom() <= cell.top()                ? "above"
+                                   : label.left() >= cell.right()                ? "right"
+                                                                                 : "left";
+            QCOMPARE(std::tuple(orientation, tablet, hand, actual),
+                     std::tuple(orientation, tablet, hand, side));
+        }
     }
 
     // The typed text is composed pixel by pixel; it must look as the text drawn over three shadow
@@ -143,19 +139,6 @@ private slots:
                     qPrintable(QString("ratio %1 %2: off by %3").arg(ratio).arg(colour.name()).arg(worst)));
             }
         }
-    }
-
-    void anAppThatDisappearsUnderThePointerIsDrawnSafely()
-    {
-        OverlayFixture f;
-        QTest::mouseMove(f.view.get(), f.centreOf("Gamma"));
-        f.write(HVListFileNames::AllApplications, {{"Alpha"}});
-        f.manager->readAllAppsFromDisk();
-        f.manager->rebuildDependentApps();
-        QVERIFY(!f.overlay->grab().isNull());
-        f.defaults->setDouble(7, "windowAlpha");
-        f.defaults->setDouble(0, "windowAlpha");
-        QVERIFY(!f.overlay->grab().isNull());
     }
 };
 

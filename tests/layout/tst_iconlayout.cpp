@@ -25,11 +25,6 @@ HVIconLayout tenApps(const QSizeF& panel, const HVIconLayoutPreferences& p = {})
     return HVIconLayout::forGroup(2, false, {10}, p, panel);
 }
 
-std::pair<int, int> rowsCols(const HVIconLayout& layout)
-{
-    return {layout.rowCount(), layout.colCount()};
-}
-
 QList<quint64> indexes(const HVIconLayout& layout, int row)
 {
     QList<quint64> result;
@@ -45,29 +40,35 @@ class TestIconLayout : public QObject
 {
     Q_OBJECT
 private slots:
-    void flatListTakesTheShapeClosestToTheAspect()
+    void theGridTakesTheShapeClosestToThePanel()
     {
-        // Ten apps on a square area: 1, 2 and 3 rows are all too wide (10, 2.5, 1.33), 4 rows give
-        // 3 columns (0.75); 0.75 lies closer to 1 than 1.33 does, so 4 x 3 stays.
+        const auto running = [](int apps, double width) {
+            return HVIconLayout::forGroup(0, false, {apps}, {}, QSizeF(width, 800));
+        };
+        const std::tuple<const char*, HVIconLayout, int, int> shapes[] = {
+            // 1, 2 and 3 rows are all too wide (10, 2.5, 1.33); 4 x 3 (0.75) lies closer to 1.
+            {"ten on a square", tenApps({524, 524}), 4, 3},
+            // 3 rows (1.33) stop the search, but 2 rows (2.5) lay closer to 2.
+            {"ten twice as wide as tall", tenApps({424, 224}), 2, 5},
+            {"running apps: a strip", running(10, 1200), 1, 10},
+            {"running apps: strips as long as the width allows", running(20, 1200), 2, 10},
+            {"running apps: 276 points across, 5 columns of 68 overflow", running(10, 300), 3, 4},
+            {"bunches side by side", threeAndFive(), 3, 3},
+            {"bunches stacked", threeAndFive({.groupOrientation = 1}), 2, 5},
+            // One empty cell instead of two, though the shape lies further from the panel's aspect.
+            {"stacked, fewer empty cells", threeAndFive({.groupOrientation = 1, .minimizeEmptyCells = true}),
+             3, 3},
+        };
+        for (const auto& [name, layout, rows, cols] : shapes)
+            QCOMPARE(std::tuple(QString(name), layout.rowCount(), layout.colCount()),
+                     std::tuple(QString(name), rows, cols));
+        // The flat list of ten, across then down, or down then across.
         const HVIconLayout layout = tenApps({524, 524});
-        QCOMPARE(rowsCols(layout), std::pair(4, 3));
         QCOMPARE(layout.viewSize(), QSizeF(228, 296));
         QCOMPARE(indexes(layout, 3), (QList<quint64>{9, 99, 99}));
-        // Twice as wide as tall: 3 rows (1.33) stop the search, but 2 rows (2.5) lay closer to 2.
-        QCOMPARE(rowsCols(tenApps({424, 224})), std::pair(2, 5));
         const HVIconLayout downward = tenApps({524, 524}, {.iconReadingOrder = 2});
         QCOMPARE(indexes(downward, 1), (QList<quint64>{1, 5, 9}));
         QCOMPARE(indexes(downward, 2), (QList<quint64>{2, 6, 99}));
-    }
-
-    void runningAppsMakeAStripAsLongAsTheWidthAllows()
-    {
-        const auto running = [](int apps, double width) {
-            return rowsCols(HVIconLayout::forGroup(0, false, {apps}, {}, QSizeF(width, 800)));
-        };
-        QCOMPARE(running(10, 1200), std::pair(1, 10));
-        QCOMPARE(running(20, 1200), std::pair(2, 10));
-        QCOMPARE(running(10, 300), std::pair(3, 4)); // 276 points across: 5 columns of 68 overflow
     }
 
     void iconsShrinkOnePointAtATimeUntilTheGridFitsItsView()
@@ -85,12 +86,11 @@ private slots:
         QCOMPARE(threeAndFive().bunchSpacingForCellWidth(67), 33);
     }
 
-    void bunchesSideBySide()
+    void bunchesSideBySideAlsoWithForcedRows()
     {
         // (Its view size and the cell at row 0, column 1 are pinned by nimboctl's JSON, in
         // tst_layoutbadinput.)
         const HVIconLayout layout = threeAndFive();
-        QCOMPARE(rowsCols(layout), std::pair(3, 3));
         QCOMPARE(layout.bunchRects(), (QList<QRectF>{{12, 0, 68, 228}, {114, 0, 136, 228}}));
         QCOMPARE(layout.bunchSpacingRects(),
                  (QList<QRectF>{{0, 0, 12, 228}, {80, 0, 34, 228}, {250, 0, 12, 228}}));
@@ -100,33 +100,26 @@ private slots:
         QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 0, 1}));
         QCOMPARE(indexes(layout, 2), (QList<quint64>{2, 4, 99}));
         QCOMPARE(indexes(threeAndFive({.iconReadingOrder = 2}), 0), (QList<quint64>{0, 0, 3}));
-    }
-
-    void forcedRowsPutHalfACellBetweenBunches()
-    {
-        HVIconLayout layout = threeAndFive({.iconSpacing = 4});
-        QVERIFY(layout.forceRowColCountForRows(2, 0));
-        QCOMPARE(layout.colCount(), 5); // 2 columns for three apps, 3 for five
-        QCOMPARE(layout.viewSize(), QSizeF(5 * 68 + 24 + 3 * 4 + 34, 2 * 68 + 24 + 4));
-        QCOMPARE(layout.rectOfCellForRow(0, 1), QRectF(84, 12, 68, 68));
-        QCOMPARE(layout.rectOfCellForRow(0, 2).x(), 84 + 68 + 34.0);
-        QVERIFY(!layout.forceRowColCountForRows(0, 4)); // side by side: only rows can be forced
+        // Forced rows keep half a cell between the bunches.
+        HVIconLayout forced = threeAndFive({.iconSpacing = 4});
+        QVERIFY(forced.forceRowColCountForRows(2, 0));
+        QCOMPARE(forced.colCount(), 5); // 2 columns for three apps, 3 for five
+        QCOMPARE(forced.viewSize(), QSizeF(5 * 68 + 24 + 3 * 4 + 34, 2 * 68 + 24 + 4));
+        QCOMPARE(forced.rectOfCellForRow(0, 1), QRectF(84, 12, 68, 68));
+        QCOMPARE(forced.rectOfCellForRow(0, 2).x(), 84 + 68 + 34.0);
     }
 
     void bunchesStackedAndTheEmptyCellTradeOff()
     {
         const HVIconLayout layout = threeAndFive({.groupOrientation = 1});
-        QCOMPARE(rowsCols(layout), std::pair(2, 5));
         QCOMPARE(layout.viewSize(), QSizeF(364, 194));
         QCOMPARE(layout.rectOfCellForRow(1, 4), QRectF(12 + 4 * 68, 114, 68, 68));
         QCOMPARE(layout.bunchRects(), (QList<QRectF>{{0, 12, 364, 68}, {0, 114, 364, 68}}));
         QCOMPARE(layout.bunchSpacingRects(),
                  (QList<QRectF>{{0, 0, 364, 12}, {0, 80, 364, 34}, {0, 182, 364, 12}}));
         QCOMPARE(indexes(layout, 0), (QList<quint64>{0, 1, 2, 99, 99}));
-        // Keeping empty cells few goes on to 3 x 3 (one empty cell instead of two) even though
-        // that shape lies further from the panel's aspect.
+        // Keeping empty cells few goes on to 3 x 3.
         HVIconLayoutPreferences fewerEmpty{.groupOrientation = 1, .minimizeEmptyCells = true};
-        QCOMPARE(rowsCols(threeAndFive(fewerEmpty)), std::pair(3, 3));
         QCOMPARE(threeAndFive(fewerEmpty).lookupTable().at(1, 0).bunch, quint64(1));
         fewerEmpty.iconReadingOrder = 2;
         QCOMPARE(indexes(threeAndFive(fewerEmpty), 1), (QList<quint64>{0, 2, 4}));

@@ -11,36 +11,31 @@ class TestResizeFade : public QObject
     Q_OBJECT
 
 private slots:
-    void thePanelTakesItsNewSize_data()
-    {
-        QTest::addColumn<bool>("animated");
-        QTest::newRow("at once") << false;
-        QTest::newRow("faded") << true;
-    }
     void thePanelTakesItsNewSize()
     {
-        QFETCH(bool, animated);
-        IconViewFixture f({{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta", "Eta", "Theta"}}, {"Beta"});
-        f.defaults->setBool(animated, "animateWindowResizing");
-        HVWindow panel(f.view.get(), f.defaults.get());
-        f.defaults->setInteger(5, "groupToShowWhenWindowOpens");
-        panel.showPanel();
-        const QSize before = panel.size();
-        QSignalSpy finished(panel.resizeFade(), &HVResizeFade::finished);
-        f.view->setGroupToShow(3); // one excluded app: a smaller grid
-        if (animated) {
-            QVERIFY(panel.resizeFade()->isRunning());
-            QCOMPARE(panel.size(), before);
-            QVERIFY(!panel.overlayView()->isVisible());
-            QVERIFY(finished.wait(5000));
-            QVERIFY(!f.view->graphicsEffect());
+        for (const bool animated : {false, true}) {
+            IconViewFixture f({{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta", "Eta", "Theta"}},
+                              {"Beta"});
+            f.defaults->setBool(animated, "animateWindowResizing");
+            HVWindow panel(f.view.release(), f.defaults.get()); // the panel owns the view now
+            f.defaults->setInteger(5, "groupToShowWhenWindowOpens");
+            panel.showPanel();
+            const QSize before = panel.size();
+            QSignalSpy finished(panel.resizeFade(), &HVResizeFade::finished);
+            panel.iconView()->setGroupToShow(3); // one excluded app: a smaller grid
+            if (animated) {
+                QVERIFY(panel.resizeFade()->isRunning());
+                QCOMPARE(panel.size(), before);
+                QVERIFY(!panel.overlayView()->isVisible());
+                QVERIFY(finished.wait(5000));
+                QVERIFY(!panel.iconView()->graphicsEffect());
+            }
+            const QSizeF margins(HVWindow::LeftMargin + HVWindow::RightMargin,
+                                 HVWindow::TopMargin + HVWindow::BottomMargin);
+            QCOMPARE(std::tuple(animated, panel.resizeFade()->isRunning(), panel.overlayView()->isVisible(),
+                                panel.size()),
+                     std::tuple(animated, false, true, (panel.iconView()->viewSize() + margins).toSize()));
         }
-        QVERIFY(!panel.resizeFade()->isRunning());
-        QCOMPARE(panel.size(), (f.view->viewSize() + QSizeF(HVWindow::LeftMargin + HVWindow::RightMargin,
-                                                            HVWindow::TopMargin + HVWindow::BottomMargin))
-                                   .toSize());
-        QVERIFY(panel.overlayView()->isVisible());
-        f.view.release(); // the panel owns it now
     }
 };
 

@@ -1,7 +1,6 @@
-// The panel's placement rules, the hot key's description, the key table format, and the
-// handlers the preference observer tables name.
+// The panel's placement rules, the hot key's description read from the built-in key table, and
+// the handlers the preference observer tables name.
 #include "catalogue/hvappmanager.h"
-#include "common/tabtable.h"
 #include "shell/hvcontroller.h"
 #include "shell/hvgeometry.h"
 #include "shell/hvkeytable.h"
@@ -28,19 +27,12 @@ private slots:
         check(HVAppManager::staticMetaObject, HVAppManager::halvornKeyPathObservers(nullptr));
     }
 
-    void centringRoundsToWholePoints()
+    void centringRoundsToWholePointsAndConstrainingMovesButNeverResizes()
     {
-        using HVGeometry::centerRectInRect;
+        using namespace HVGeometry;
         // Rounding happens on the bottom-up origin: 374.5 points above the floor becomes 375, so
         // the top edge lands 374 points below the ceiling.
         QCOMPARE(centerRectInRect({0, 0, 100.4, 50.6}, {0, 0, 1000, 800}, true), QRectF(450, 374, 100, 51));
-        QCOMPARE(centerRectInRect({0, 0, 101, 51}, {10, 20, 1000, 800}, false),
-                 QRectF(459.5, 394.5, 101, 51));
-    }
-
-    void constrainingMovesButNeverResizes()
-    {
-        using HVGeometry::constrainRectInRect;
         const QRectF screen(0, 30, 1000, 770);
         // Bigger in both directions: not placed at all.
         QVERIFY(constrainRectInRect({0, 0, 1200, 900}, screen, true).isNull());
@@ -51,17 +43,6 @@ private slots:
         QCOMPARE(constrainRectInRect({900, 700, 200, 200}, screen, true), QRectF(800, 600, 200, 200));
         // Already inside: untouched.
         QCOMPARE(constrainRectInRect({10, 40, 20, 20}, screen, true), QRectF(10, 40, 20, 20));
-    }
-
-    void tabTablesSkipCommentsAndEmptyCells()
-    {
-        const auto rows = TabTable::componentsSeparatedByTabsAndBreaks(
-            "# a comment\n\ntitle\ttag\tkeysym\r\nTab\t48\tTab\nNone\t-1\n\t\t\nOdd\t\textra\tcells\n");
-        QCOMPARE(rows.size(), 4);
-        QCOMPARE(rows[0].value("keys").toStringList(), (QStringList{"title", "tag", "keysym"}));
-        QCOMPARE(rows[1].value("keysym").toString(), QStringLiteral("Tab"));
-        QCOMPARE(rows[2].size(), 2);
-        QCOMPARE(rows[3], (QVariantMap{{"title", "Odd"}, {"keysym", "extra"}}));
     }
 
     void hotKeyDescriptions()

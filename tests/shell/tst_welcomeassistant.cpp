@@ -1,5 +1,5 @@
 // The welcome tour pages through the built-in PDF a step at a time, remembers the step, counts as
-// done at its last page and then starts over; a document that is not there leaves no window.
+// done at its last page and then starts over.
 #include "support/testenvironment.h"
 
 #include "common/hvuserdefaults.h"
@@ -63,13 +63,6 @@ private slots:
             HVWelcomeAssistant::closeWindow();
             QTRY_VERIFY(!HVWelcomeAssistant::isWindowVisible());
         }
-    }
-
-    void aMissingDocumentShowsNoWindow()
-    {
-        QTest::ignoreMessage(QtWarningMsg, "PDF not found for welcome window");
-        QVERIFY(!HVWelcomeAssistant::sharedAssistantWithPDFName("No Such Tour", defaults.get()));
-        QVERIFY(!HVWelcomeAssistant::isWindowVisible());
     }
 
     void theUserGuideIsBuiltIn()
