@@ -26,8 +26,7 @@ private slots:
     {
         CatalogueHarness h;
         const HVAppRef foo = h.app("/usr/share/applications/Foo.desktop");
-        QCOMPARE(h.app("/usr/share/applications/./Foo.desktop/"), foo);
-        QCOMPARE(h.app("/usr/share//applications/x/../Foo.desktop"), foo);
+        QCOMPARE(h.app("/usr/share//applications/./x/../Foo.desktop/"), foo);
         QVERIFY(h.app("/usr/share/applications/foo.desktop") != foo);
         QCOMPARE(HVApp("/a/org.gnome.Calculator.desktop").name(), QStringLiteral("org.gnome.Calculator"));
     }

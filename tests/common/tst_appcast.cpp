@@ -35,51 +35,46 @@ private slots:
         }
     }
 
-    void parse_data()
-    {
-        QTest::addColumn<QByteArray>("xml");
-        QTest::addColumn<QString>("latest"); // empty: an error is expected
-        QTest::addColumn<QString>("notes");
-        QTest::addColumn<QString>("error");
-        const auto row = [](const char* name, const QByteArray& xml, const char* latest, const char* notes,
-                            const char* error) {
-            QTest::newRow(name) << xml << QString(latest) << QString(notes) << QString(error);
-        };
-        row("enclosure attributes, newest not first",
-            feed(
-                "<item><title>1.9</title><sparkle:releaseNotesLink>https://x/1.9</sparkle:releaseNotesLink>"
-                "<enclosure url=\"https://x/1.9.deb\" sparkle:version=\"190\" "
-                "sparkle:shortVersionString=\"1.9\"/></item>"
-                "<item><title>1.10</title><sparkle:releaseNotesLink>https://x/1.10</sparkle:releaseNotesLink>"
-                "<enclosure url=\"https://x/1.10.deb\" sparkle:version=\"1100\" "
-                "sparkle:shortVersionString=\"1.10\"/></item>"),
-            "1.10", "https://x/1.10", "");
-        row("elements, link as notes",
-            feed("<item><link>https://x/2</link><sparkle:version> 2.0 </sparkle:version></item>"), "2.0",
-            "https://x/2", "");
-        row("items without version are left out",
-            feed("<item><title>none</title></item><item><enclosure url=\"u\" "
-                 "sparkle:version=\"0.3\"/></item>"),
-            "0.3", "", "");
-        row("attribute of another namespace is no version",
-            feed("<item><enclosure url=\"u\" version=\"9.0\"/></item>"), "", "",
-            "no release in the feed names a version");
-        row("no items", feed(""), "", "", "the feed lists no release");
-        row("not RSS", "<html><body>503</body></html>", "", "", "the feed is not an RSS feed");
-        row("empty", QByteArray(), "", "", "the feed is not");
-    }
     void parse()
     {
-        QFETCH(QByteArray, xml);
-        QFETCH(QString, latest);
-        QFETCH(QString, notes);
-        QFETCH(QString, error);
-        const AppcastFeed result = Appcast::parse(xml);
-        QVERIFY2(error.isEmpty() ? result.error.isEmpty() : result.error.startsWith(error),
-                 qPrintable(result.error));
-        const auto* item = result.latest(); // none when the feed names no release
-        QCOMPARE(item ? item->version : QString(), latest);
-        QCOMPARE(item ? item->releaseNotes.toString() : QString(), notes);
+        const struct
+        {
+            QString name;
+            QByteArray xml;
+            QString latest, notes, error; // no latest: an error is expected
+        } cases[] = {
+            {"enclosure attributes, newest not first",
+             feed("<item><title>1.9</title><sparkle:releaseNotesLink>https://x/1.9</sparkle:releaseNotesLink>"
+                  "<enclosure url=\"https://x/1.9.deb\" sparkle:version=\"190\" "
+                  "sparkle:shortVersionString=\"1.9\"/></item>"
+                  "<item><title>1.10</title><sparkle:releaseNotesLink>https://x/1.10</"
+                  "sparkle:releaseNotesLink>"
+                  "<enclosure url=\"https://x/1.10.deb\" sparkle:version=\"1100\" "
+                  "sparkle:shortVersionString=\"1.10\"/></item>"),
+             "1.10", "https://x/1.10", ""},
+            {"elements, link as notes",
+             feed("<item><link>https://x/2</link><sparkle:version> 2.0 </sparkle:version></item>"), "2.0",
+             "https://x/2", ""},
+            {"items without version are left out",
+             feed("<item><title>none</title></item><item><enclosure url=\"u\" "
+                  "sparkle:version=\"0.3\"/></item>"),
+             "0.3", "", ""},
+            {"attribute of another namespace is no version",
+             feed("<item><enclosure url=\"u\" version=\"9.0\"/></item>"), "", "",
+             "no release in the feed names a version"},
+            {"no items", feed(""), "", "", "the feed lists no release"},
+            {"not RSS", "<html><body>503</body></html>", "", "", "the feed is not an RSS feed"},
+            {"empty", QByteArray(), "", "", "the feed is not"},
+        };
+        for (const auto& c : cases) {
+            const AppcastFeed result = Appcast::parse(c.xml);
+            QVERIFY2(c.error.isEmpty() ? result.error.isEmpty() : result.error.startsWith(c.error),
+                     qPrintable(c.name + ": " + result.error));
+            const auto* item = result.latest(); // none when the feed names no release
+            QCOMPARE(std::tuple(c.name, item ? item->version : QString(),
+                                item ? item->releaseNotes.toString() : QString()),
+                     std::tuple(c.name, c.latest, c.notes));
+        }
     }
 };
 

@@ -15,12 +15,10 @@
 namespace {
 QByteArray feedWith(const QByteArray& version)
 {
-    return "<rss version=\"2.0\" "
-           "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>"
-           "<item><title>Nimbo " +
-           version + "</title><sparkle:releaseNotesLink>https://example.org/notes/" + version +
-           "</sparkle:releaseNotesLink><enclosure url=\"https://example.org/nimbo.deb\" sparkle:version=\"" +
-           version + "\"/></item></channel></rss>";
+    return "<rss version=\"2.0\" xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\">"
+           "<channel><item><sparkle:releaseNotesLink>https://example.org/notes/" +
+           version + "</sparkle:releaseNotesLink><enclosure url=\"u\" sparkle:version=\"" + version +
+           "\"/></item></channel></rss>";
 }
 } // namespace
 
@@ -33,51 +31,37 @@ class TestUpdateCheck : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(server.isListening());
         server.answer("/newer", 200, feedWith("1.10"));
         server.answer("/same", 200, feedWith("1.9"));
-        server.answer("/older", 200, feedWith("1.8.3"));
         server.answer("/noversion", 200, feedWith(""));
-        server.answer("/gone", 404, "no such feed");
         server.answer("/huge", 200, QByteArray(HVUpdateCheck::MaximumFeedSize + 1, ' '));
         server.hang("/slow");
         server.redirectForever("/loop");
     }
 
-    void check_data()
-    {
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<QString>("latest");
-        QTest::addColumn<bool>("newer");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("newer") << QByteArray("/newer") << "1.10" << true << "";
-        QTest::newRow("same") << QByteArray("/same") << "1.9" << false << "";
-        QTest::newRow("older") << QByteArray("/older") << "1.8.3" << false << "";
-        QTest::newRow("not found") << QByteArray("/gone") << "" << false << "the feed could not be read";
-        QTest::newRow("huge") << QByteArray("/huge") << "" << false << "the feed is larger than";
-        QTest::newRow("slow") << QByteArray("/slow") << "" << false << "the feed did not answer within 0.5";
-        QTest::newRow("redirects forever")
-            << QByteArray("/loop") << "" << false << "the feed could not be read";
-    }
+    // Older than the running version reaches the same comparison as the same version; a missing
+    // feed the same read error as endless redirects.
     void check()
     {
-        QFETCH(QByteArray, path);
-        QFETCH(QString, latest);
-        QFETCH(bool, newer);
-        QFETCH(QString, error);
-        HVUpdateCheck check;
-        check.setTimeout(500);
-        QSignalSpy finished(&check, &HVUpdateCheck::finished);
-        check.start(QUrl(server.url(path)), QStringLiteral("1.9"));
-        QVERIFY(finished.wait(10000));
-        QTest::qWait(100); // nothing is reported twice
-        QCOMPARE(finished.size(), 1);
-        const auto result = finished.first().first().value<UpdateCheckResult>();
-        QVERIFY2(error.isEmpty() ? result.error.isEmpty() : result.error.startsWith(error),
-                 qPrintable(result.error));
-        QCOMPARE(result.latest.version, latest);
-        QCOMPARE(result.newer, newer);
-        QVERIFY(!check.isRunning());
+        for (const auto& [path, latest, newer, error] :
+             {std::tuple("/newer", "1.10", true, ""), std::tuple("/same", "1.9", false, ""),
+              std::tuple("/huge", "", false, "the feed is larger than"),
+              std::tuple("/slow", "", false, "the feed did not answer within 0.5"),
+              std::tuple("/loop", "", false, "the feed could not be read")}) {
+            HVUpdateCheck check;
+            check.setTimeout(500);
+            QSignalSpy finished(&check, &HVUpdateCheck::finished);
+            check.start(QUrl(server.url(path)), QStringLiteral("1.9"));
+            QVERIFY2(finished.wait(10000), path);
+            QTest::qWait(100); // nothing is reported twice
+            QCOMPARE(finished.size(), 1);
+            const auto result = finished.first().first().value<UpdateCheckResult>();
+            QVERIFY2(*error ? result.error.startsWith(error) : result.error.isEmpty(),
+                     qPrintable(path + (": " + result.error)));
+            QCOMPARE(std::tuple(path, result.latest.version, result.newer),
+                     std::tuple(path, QString(latest), newer));
+            QVERIFY(!check.isRunning());
+        }
     }
 
     // nimboctl updates prints what it found as JSON, or why it found nothing and fails.

@@ -11,7 +11,6 @@
 #include "common/hvuserdefaults.h"
 #include "platform/gioentryreader.h"
 
-#include <QDirIterator>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -29,18 +28,9 @@ public:
     {
         if (first.isEmpty()) {
             first = path;
-            QStringList folders;
-            QDirIterator it(m_root, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
-                            QDirIterator::Subdirectories);
-            while (it.hasNext()) {
-                const QString entry = it.next();
-                if (it.fileInfo().isDir())
-                    folders.prepend(entry);
-                else if (entry != path)
-                    QFile::remove(entry);
-            }
-            for (const QString& folder : folders)
-                QDir().rmdir(folder); // only the emptied ones go
+            for (const QFileInfo& item : QDir(m_root).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+                QFile::remove(item.filePath()) || QDir(item.filePath()).removeRecursively();
+            EntryTree::app(path); // back as it was, with its folder
         }
         return GioEntryReader::showsApplication(path);
     }

@@ -10,23 +10,10 @@
 #include "common/hvnotificationcenter.h"
 #include "common/hvuserdefaults.h"
 #include "common/notificationnames.h"
+#include "platform/gioentryreader.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
-
-namespace {
-// Every entry shows unless it says NoDisplay=true.
-class NoDisplayReader : public DesktopEntryReader
-{
-public:
-    QString localisedName(const QString&) const override { return QString(); }
-    bool showsApplication(const QString& path) const override
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) && !file.readAll().contains("NoDisplay=true");
-    }
-};
-} // namespace
 
 class TestScanLive : public QObject
 {
@@ -57,7 +44,7 @@ private slots:
     {
         TestEnvironment env;
         HVUserDefaults defaults(env.configHome() + "/Nimbo/Nimbo.conf");
-        HVAppManager manager(&defaults, std::make_shared<NoDisplayReader>());
+        HVAppManager manager(&defaults, std::make_shared<GioEntryReader>());
         const QString apps = env.dataHome() + "/applications";
         EntryTree::app(apps + "/first.desktop");
         manager.rescanAllAppsPrioritizingGroup(HVAppGroupIncluded);

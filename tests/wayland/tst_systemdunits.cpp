@@ -66,14 +66,9 @@ public:
 
     void add(const QString& name)
     {
-        SystemdBus::UnitStatus unit;
-        unit.name = name;
-        unit.loadState = QStringLiteral("loaded");
-        unit.activeState = QStringLiteral("active");
-        unit.path = QDBusObjectPath(unitPath(name));
-        unit.jobPath = QDBusObjectPath(QStringLiteral("/"));
-        units.append(unit);
-        emit UnitNew(name, unit.path);
+        const QDBusObjectPath path(unitPath(name));
+        units.append({name, {}, "loaded", "active", {}, {}, path, 0, {}, QDBusObjectPath("/")});
+        emit UnitNew(name, path);
     }
     void remove(const QString& name)
     {
@@ -162,13 +157,7 @@ class TestSystemdUnits : public QObject
             "data/applications/" + id + ".desktop",
             QStringLiteral("[Desktop Entry]\nType=Application\nName=%1\nExec=%2\n").arg(id, exec).toUtf8());
     }
-    QStringList running() const
-    {
-        QStringList paths;
-        for (const HVAppRef& app : catalogue->runningApps())
-            paths.append(app->path());
-        return paths;
-    }
+    QStringList running() const { return HVAppManager::pathsFromApps(catalogue->runningApps()); }
 
 private slots:
     void initTestCase()
