@@ -10,8 +10,7 @@
 
 #include <QtTest>
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <fstream>
 
 class TestFileDrop : public QObject
 {
@@ -42,10 +41,8 @@ class TestFileDrop : public QObject
     QString createFile(const QByteArray& name, const QByteArray& content) const
     {
         const QByteArray path = QFile::encodeName(m_files) + "/" + name;
-        const int fd = ::open(path.constData(), O_CREAT | O_WRONLY | O_TRUNC, 0644);
-        if (fd < 0 || ::write(fd, content.constData(), size_t(content.size())) != content.size())
+        if (!std::ofstream(path.constData(), std::ios::binary).write(content.constData(), content.size()))
             qFatal("cannot write a test file");
-        ::close(fd);
         return "file://" + QString::fromLatin1(path.toPercentEncoding("/"));
     }
 

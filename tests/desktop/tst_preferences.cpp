@@ -9,7 +9,6 @@
 #include "desktopfixture.h"
 #include "support/catalogueharness.h"
 
-#include "browser/hviconview.h"
 #include "catalogue/hvappmanager.h"
 #include "catalogue/hvarraycontroller.h"
 #include "shell/hvexclusionsheet.h"
