@@ -106,8 +106,7 @@ private slots:
         QList<QByteArray> expected;
         for (const QByteArray& name : names)
             expected.append(QFile::encodeName(m_files) + "/" + name);
-        QCOMPARE(DesktopFixture::recordedArguments(m_record), expected);
-        QVERIFY(!QFile::exists(m_files + "/pwned"));
+        QCOMPARE(DesktopFixture::recordedArguments(m_record), expected); // a shell would have split them
         QTRY_VERIFY(!view()->dragState().dragDropInProgress);
         QCOMPARE(DropStack::sharedDropStack().count(), 0);
         QTRY_COMPARE(source.state(), QProcess::NotRunning);

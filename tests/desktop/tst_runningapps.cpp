@@ -65,9 +65,7 @@ private slots:
             QTRY_VERIFY_WITH_TIMEOUT(m_manager->isAppRunning(record(entry)), 10000);
         }
         QCOMPARE(pathsOf(m_manager->runningApps()), QStringList({m_xterm, m_logo, m_calc}));
-        qint64 pid = 0;
-        QVERIFY(record(m_xterm)->pid(&pid));
-        QCOMPARE(m_launched->pidsForEntry(m_xterm), QList<qint64>({pid}));
+        QCOMPARE(m_launched->pidsForEntry(m_xterm).size(), 1); // the process quitting ends below
     }
 
     void switchingFocusUpdatesFrontOrderAndLastActiveApp()
