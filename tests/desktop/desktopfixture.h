@@ -94,13 +94,7 @@ public:
     }
 
     // Nimbo's preferences in these folders.
-    HVUserDefaults& defaults()
-    {
-        if (!m_defaults)
-            m_defaults =
-                std::make_unique<HVUserDefaults>(m_env.configHome() + QStringLiteral("/Nimbo/Nimbo.conf"));
-        return *m_defaults;
-    }
+    HVUserDefaults& defaults() { return m_defaults; }
     // Nimbo started with `settings` written first; the alerts about missing input access stay closed.
     HVController* startNimbo(const QVariantMap& settings = {})
     {
@@ -108,13 +102,13 @@ public:
         defaults().setBool(false, QStringLiteral("showNoMouseAccessWarning"));
         for (auto setting = settings.begin(); setting != settings.end(); ++setting)
             defaults().setObject(setting.value(), setting.key());
-        m_nimbo = ::startNimbo(m_defaults.get());
+        m_nimbo = ::startNimbo(&m_defaults);
         return m_nimbo.get();
     }
     void stopNimbo() { m_nimbo.reset(); }
 
 private:
     TestEnvironment m_env;
-    std::unique_ptr<HVUserDefaults> m_defaults;
+    HVUserDefaults m_defaults{m_env.configHome() + QStringLiteral("/Nimbo/Nimbo.conf")};
     std::unique_ptr<HVController> m_nimbo;
 };

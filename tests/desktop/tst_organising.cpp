@@ -102,12 +102,11 @@ class TestOrganising : public QObject
     {
         const QPoint a = view()->mapToGlobal(from.toPoint());
         const QPoint b = view()->mapToGlobal(to.toPoint());
-        const auto n = [](int v) { return QString::number(v); };
-        QVERIFY(xdotool({"mousemove", n(a.x()),    n(a.y()),    "sleep",      "0.2",        "mousedown",
-                         "1",         "sleep",     "0.2",       "mousemove",  n(a.x() + 8), n(a.y() + 8),
-                         "sleep",     "0.3",       "mousemove", n(b.x() + 3), n(b.y()),     "sleep",
-                         "0.3",       "mousemove", n(b.x()),    n(b.y()),     "sleep",      "0.3",
-                         "mouseup",   "1"}));
+        QVERIFY(xdotool(
+            QString::asprintf("mousemove %d %d sleep 0.2 mousedown 1 sleep 0.2 mousemove %d %d "
+                              "sleep 0.3 mousemove %d %d sleep 0.3 mousemove %d %d sleep 0.3 mouseup 1",
+                              a.x(), a.y(), a.x() + 8, a.y() + 8, b.x() + 3, b.y(), b.x(), b.y())
+                .split(' ')));
         QTest::qWait(300);
     }
 
@@ -139,21 +138,16 @@ private slots:
     {
         const QStringList reveal{"-", "Show in File Manager", "-", "Send to Software"};
         const QStringList favour{"-", "Add Favorite", "Add Favorite in New Group"};
-        const struct
-        {
-            int group;
-            QString app;
-            QStringList expected;
-        } cases[] = {
+        const std::tuple<int, QString, QStringList> cases[] = {
             {HVAppGroupIncluded, "clock", QStringList{"Exclude"} + favour + reveal},
             {HVAppGroupIncluded, "eyes", QStringList{"Exclude"} + reveal}, // a favourite already
             {HVAppGroupUser, "eyes", QStringList{"Move to New Group", "Remove Favorite"} + reveal},
             {HVAppGroupExcluded, "term",
              QStringList{"Include"} + favour + reveal + QStringList{"-", "New Window"}},
         };
-        for (const auto& c : cases) {
-            view()->setGroupToShow(c.group);
-            QCOMPARE(rightClick(at(c.app)), c.expected);
+        for (const auto& [group, id, expected] : cases) {
+            view()->setGroupToShow(group);
+            QCOMPARE(rightClick(at(id)), expected);
         }
         // Without a remover there is no item for it; an empty cell has only the inert one.
         defaults->setString("", "appRemoverName");
@@ -161,11 +155,10 @@ private slots:
         QCOMPARE(rightClick(at("clock")),
                  (QStringList{"Exclude"} + favour + QStringList{"-", "Show in File Manager"}));
         defaults->removeObjectForKey("appRemoverName");
-        const Coords empty = view()->coordsOfPoint(pointWhere(
-            [this](const Coords& c) { return c.hasCell() && !view()->appAtCell(int(c.row), int(c.col)); }));
-        QVERIFY(empty.hasCell());
-        QCOMPARE(rightClick(view()->iconLayout().rectOfCellForRow(int(empty.row), int(empty.col)).center()),
-                 QStringList{"Hide Group"});
+        const QPointF empty = pointWhere(
+            [this](const Coords& c) { return c.hasCell() && !view()->appAtCell(int(c.row), int(c.col)); });
+        QVERIFY(!empty.isNull());
+        QCOMPARE(rightClick(empty), QStringList{"Hide Group"});
         // Control with the right button opens the same menu.
         view()->setGroupToShow(HVAppGroupUser);
         QCOMPARE(rightClick(at("eyes"), nullptr, "ctrl"),
@@ -201,12 +194,11 @@ private slots:
         QCOMPARE(rightClick(at("xlogo")),
                  QStringList({"Exclude", "-", "Add Favorite", "Add Favorite in New Group", "-",
                               "Show in File Manager", "-", "Hide", "Quit"}));
-        showRunning();
-        choose("xlogo", "Hide");
-        QTRY_VERIFY(!app("xlogo")->isVisible());
-        showRunning();
-        choose("xlogo", "Show");
-        QTRY_VERIFY(app("xlogo")->isVisible());
+        for (const auto& [item, visible] : {std::pair{"Hide", false}, {"Show", true}}) {
+            showRunning();
+            choose("xlogo", item);
+            QTRY_COMPARE(app("xlogo")->isVisible(), visible);
+        }
         showRunning();
         choose("xlogo", "Quit");
         QTRY_VERIFY_WITH_TIMEOUT(!manager()->isAppRunning(app("xlogo")), 10000);
@@ -251,10 +243,9 @@ private slots:
             }
         }
         QCOMPARE(alerts.count(), 2);
-        QCOMPARE(alerts.at(0).at(0).toString(),
-                 QStringLiteral("Cannot locate the app remover called \"Software\"."));
-        QCOMPARE(alerts.at(1).at(0).toString(),
-                 QStringLiteral("Sending \"Eyes\" to the app remover \"Software\" was not successful."));
+        // Apart without pinning the wording: only the failed hand-over names the app.
+        QVERIFY(!alerts.at(0).at(0).toString().contains("Eyes") &&
+                alerts.at(1).at(0).toString().contains("Eyes"));
     }
 
     void whereTheIconIsLetGoDecides()
@@ -273,14 +264,7 @@ private slots:
             return inside.isNull() ? QPointF(-4, -4) : inside;
         };
         // Favourites "eyes notes|xlogo fakeremover" to start with, flat in the same order.
-        const struct
-        {
-            const char* name;
-            int group;
-            const char* moved;
-            std::function<QPointF()> target;
-            QString expected;
-        } cases[] = {
+        const std::tuple<const char*, int, const char*, std::function<QPointF()>, QString> cases[] = {
             {"onto another cell", HVAppGroupUser, "eyes", [&] { return at("fakeremover"); },
              "notes|xlogo eyes fakeremover / eyes notes xlogo fakeremover"},
             {"a bunch's top margin", HVAppGroupUser, "fakeremover", [&] { return topMarginOf(0); },
@@ -292,19 +276,19 @@ private slots:
             {"onto a cell of the flat list", HVAppGroupUser1D, "eyes", [&] { return at("fakeremover"); },
              "eyes notes|xlogo fakeremover / notes xlogo eyes fakeremover"},
         };
-        for (const auto& c : cases) {
+        for (const auto& [name, group, moved, target, expected] : cases) {
             manager()->removeAppsFromUserApps(manager()->userApps1D());
             manager()->moveApp(app("eyes"), HVAppGroupUser, HVIndexPastEnd, 0);
             manager()->moveApp(app("notes"), HVAppGroupUser, 0, HVIndexPastEnd);
             manager()->moveAppToNewBunch(app("xlogo"), HVAppGroupUser, 1);
             manager()->moveApp(app("fakeremover"), HVAppGroupUser, 1, HVIndexPastEnd);
-            view()->setGroupToShow(c.group);
-            QTRY_COMPARE(view()->groupShown(), c.group);
-            const QPointF to = c.target();
-            QVERIFY2(!to.isNull(), c.name);
-            drag(at(c.moved), to);
-            QVERIFY2(!view()->dragState().dragMoveInProgress, c.name);
-            QCOMPARE(favouritesOnDisk(), c.expected);
+            view()->setGroupToShow(group);
+            QTRY_COMPARE(view()->groupShown(), group);
+            const QPointF to = target();
+            QVERIFY2(!to.isNull(), name);
+            drag(at(moved), to);
+            QVERIFY2(!view()->dragState().dragMoveInProgress, name);
+            QCOMPARE(favouritesOnDisk(), expected);
         }
     }
 };

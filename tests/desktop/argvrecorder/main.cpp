@@ -12,12 +12,8 @@
 
 int main(int argc, char** argv)
 {
-    bool window = true;
-    int first = 1;
-    if (argc > 1 && std::strcmp(argv[1], "--no-window") == 0) {
-        window = false;
-        first = 2;
-    }
+    const bool window = argc <= 1 || std::strcmp(argv[1], "--no-window") != 0;
+    const int first = window ? 1 : 2;
     if (argc <= first)
         return 2;
     QByteArray recorded;
@@ -37,7 +33,6 @@ int main(int argc, char** argv)
     red.fill(Qt::red);
     QGuiApplication::setWindowIcon(QIcon(QPixmap::fromImage(red)));
     QRasterWindow view;
-    view.setTitle(QStringLiteral("argv recorder"));
     view.resize(200, 120);
     view.show();
     return app.exec();
