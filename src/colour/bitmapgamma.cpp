@@ -18,8 +18,8 @@ bool HVBitmapRep::addGammaRGB888(double gamma)
 bool HVBitmapRep::mapRGB888(bool remove, double gamma)
 {
     const PixelManipulationOffsets o = pixelManipulationOffsetsWithImageGamma(1.0);
-    if (!o.valid || o.colorSpaceModel != HVColorSpaceModelRGB || o.bitsPerSample != 8 || o.isPlanar) {
-        qWarning("Gamma mapping needs an interleaved 8-bit RGB bitmap");
+    if (!o.valid || o.colorSpaceModel != HVColorSpaceModelRGB || o.bitsPerSample != 8) {
+        qWarning("Gamma mapping needs an 8-bit RGB bitmap");
         return false;
     }
     const auto tables = GammaRGB_UInt8_Tables(gamma);

@@ -1,8 +1,8 @@
 // The dominant colours of a bitmap: its spectrum's bins ranked by weight, close coloured bins and
 // all grey bins merged, bins under half a percent of the pixels dropped, the strongest kept.
 #include "colorconversions.h"
-#include "hvbitmaprep.h"
 #include "huebins.h"
+#include "hvbitmaprep.h"
 
 #include <algorithm>
 #include <climits>

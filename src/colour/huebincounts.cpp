@@ -3,8 +3,8 @@
 #include "colorconversions.h"
 #include "colorhistogram.h"
 #include "gammatables.h"
-#include "hvbitmaprep.h"
 #include "huebins.h"
+#include "hvbitmaprep.h"
 
 #include <cmath>
 #include <cstdio>

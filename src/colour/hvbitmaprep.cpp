@@ -89,24 +89,6 @@ qint64 HVBitmapRep::dataSize() const
     return m_image.isNull() ? 0 : m_image.sizeInBytes();
 }
 
-std::array<const uchar*, 5> HVBitmapRep::planes() const
-{
-    std::array<const uchar*, 5> planes{};
-    const uchar* data = bitmapData();
-    if (!data)
-        return planes;
-    if (!m_layout.isPlanar) {
-        planes[0] = data;
-        return planes;
-    }
-    const qint64 planeSize = m_layout.bytesPerRow * m_layout.pixelsHigh;
-    for (qint64 i = 0; i < qMin<qint64>(numberOfPlanes(), 5); ++i) {
-        if (planeSize > 0 && (i + 1) * planeSize <= dataSize())
-            planes[i] = data + i * planeSize;
-    }
-    return planes;
-}
-
 PixelManipulationOffsets HVBitmapRep::pixelManipulationOffsetsWithImageGamma(double imageGamma) const
 {
     PixelManipulationOffsets offsets;

@@ -1,6 +1,6 @@
 // A bitmap as the colour analysis sees it: a block of bytes plus its layout (size, samples per
 // pixel, bits per sample and pixel, bytes per row, alpha first or last, premultiplied or not,
-// planar or interleaved, grey or RGB). It describes a QImage's own bytes without copying them.
+// grey or RGB). It describes a QImage's own bytes without copying them.
 #pragma once
 
 #include "dominantcolor.h"
@@ -8,7 +8,6 @@
 #include <QByteArray>
 #include <QImage>
 
-#include <array>
 #include <optional>
 #include <vector>
 
@@ -38,10 +37,9 @@ struct HVBitmapLayout
     qint64 bitsPerSample = 0;
     qint64 samplesPerPixel = 0;
     qint64 bytesPerRow = 0;
-    qint64 bitsPerPixel = 0; // for a planar bitmap: per plane
+    qint64 bitsPerPixel = 0;
     bool hasAlpha = false;
     bool isOpaque = false;
-    bool isPlanar = false;
     quint64 bitmapFormat = 0;
     qint64 colorSpaceModel = HVColorSpaceModelUnknown;
 };
@@ -59,9 +57,7 @@ public:
     const HVBitmapLayout& layout() const { return m_layout; }
     qint64 pixelsWide() const { return m_layout.pixelsWide; }
     qint64 pixelsHigh() const { return m_layout.pixelsHigh; }
-    qint64 numberOfPlanes() const { return m_layout.isPlanar ? m_layout.samplesPerPixel : 1; }
     const uchar* bitmapData() const;
-    std::array<const uchar*, 5> planes() const;
     qint64 dataSize() const;
     QImage image() const { return m_image; }
 

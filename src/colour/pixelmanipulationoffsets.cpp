@@ -1,7 +1,7 @@
 #include "pixelmanipulationoffsets.h"
 
 namespace {
-// Offsets as sample indexes (interleaved) or plane numbers (planar), before scaling.
+// Offsets as sample indexes, before scaling to bytes.
 struct SampleOffsets
 {
     qint64 red = 0, green = 0, blue = 0, gray = 0, alpha = 0;
@@ -61,28 +61,17 @@ bool HVBitmapRep::initializePixelManipulationOffsets(PixelManipulationOffsets* o
     o.bitmapFormat = m_layout.bitmapFormat;
     o.alphaPremultiplied =
         m_layout.hasAlpha && !(m_layout.bitmapFormat & HVBitmapFormatAlphaNonpremultiplied);
-    o.isPlanar = m_layout.isPlanar;
-    o.numberOfPlanes = numberOfPlanes();
     o.imageGamma = imageGamma;
     if (!(o.imageGamma >= 1.0 / 3.0))
         o.imageGamma = 1.0 / 3.0;
     if (o.imageGamma > 1.0)
         o.imageGamma = 1.0;
     o.bitmapData = bitmapData();
-    o.planes = planes();
 
     SampleOffsets s;
     const bool alphaFirst = m_layout.bitmapFormat & HVBitmapFormatAlphaFirst;
     if (!sampleOffsets(m_layout.samplesPerPixel, alphaFirst, o.bytesPerPixel, &s))
         return false; // valid stays false, every offset 0
-    if (m_layout.isPlanar) {
-        // Each offset is the distance from the first byte to the sample's plane.
-        const qint64 planeSize = m_layout.bytesPerRow * m_layout.pixelsHigh;
-        if (m_layout.samplesPerPixel == 3)
-            s.alpha = 0;
-        s.red *= planeSize, s.green *= planeSize, s.blue *= planeSize;
-        s.gray *= planeSize, s.alpha *= planeSize;
-    }
     if (m_layout.bitsPerSample > 8) {
         const qint64 bytesPerSample = (m_layout.bitsPerSample + 7) / 8;
         s.red *= bytesPerSample, s.green *= bytesPerSample, s.blue *= bytesPerSample;

@@ -1,7 +1,7 @@
 // Where each pixel's red, green, blue, grey and alpha bytes lie in a bitmap, for every layout
 // the colour analysis accepts. A pixel at (x, y) starts at bitmapData + y * bytesPerRow +
-// x * bytesPerPixel; its samples lie at the offsets (for a planar bitmap, each offset is the
-// distance from bitmapData to the sample's plane). 16-bit samples are read by their first byte.
+// x * bytesPerPixel; its samples lie at the offsets from there. 16-bit samples are read by their
+// first byte.
 #pragma once
 
 #include "hvbitmaprep.h"
@@ -23,8 +23,6 @@ struct PixelManipulationOffsets
     bool hasAlpha = false;
     quint64 bitmapFormat = 0;
     bool alphaPremultiplied = false;
-    bool isPlanar = false;
-    qint64 numberOfPlanes = 0;
     QColorSpace colorSpace;
     qint64 colorSpaceModel = 0;
     double imageGamma = 0.0;
@@ -34,5 +32,4 @@ struct PixelManipulationOffsets
     qint64 grayOffset = 0;
     qint64 alphaOffset = 0;
     const uchar* bitmapData = nullptr;
-    std::array<const uchar*, 5> planes{};
 };
